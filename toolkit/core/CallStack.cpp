@@ -1,11 +1,11 @@
 #include "CallStack.h"
 
 #include <array>
-#include <cxxabi.h>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <cxxabi.h>
 #include <dlfcn.h>
 #include <elf.h>
 #include <execinfo.h>
@@ -17,6 +17,8 @@ namespace {
 
 // Deeper stacks are cut off: what lies below the event loop says nothing about the fault.
 constexpr int kMostFrames = 64;
+/// CallStack itself, and the constructors of an exception and its bases, are among that many frames.
+constexpr int kMostOwnFrames = 6;
 
 std::string Hexadecimal(std::uintptr_t value) {
     std::array<char, 2 + 2 * sizeof value + 1> digits{};
@@ -27,9 +29,9 @@ std::string Hexadecimal(std::uintptr_t value) {
 std::string FrameName(void* address) {
     Dl_info info{};
     const ElfW(Sym)* symbol = nullptr;
-    const bool known = dladdr1(address, &info, const_cast<void**>(reinterpret_cast<const void**>(&symbol)),
-                               RTLD_DL_SYMENT)
-                       != 0;
+    const bool known =
+        dladdr1(address, &info, const_cast<void**>(reinterpret_cast<const void**>(&symbol)), RTLD_DL_SYMENT)
+        != 0;
     const auto place = reinterpret_cast<std::uintptr_t>(address);
     if (!known) {
         return Hexadecimal(place);
@@ -64,7 +66,9 @@ std::vector<std::string> CallStack() {
     std::vector<std::string> lines;
     for (int i = 0; i < count; ++i) {
         std::string name = FrameName(addresses[static_cast<std::size_t>(i)]);
-        if (!(lines.empty() && IsOwnFrame(name))) {
+        if (i < kMostOwnFrames && IsOwnFrame(name)) {
+            lines.clear(); // What stands above it, a checking tool's frame say, is ours too.
+        } else {
             lines.push_back(std::move(name));
         }
     }

@@ -12,8 +12,7 @@ std::string ClassNameOf(const std::type_info& type) {
     return colons == std::string::npos ? name : name.substr(colons + 2);
 }
 
-RuntimeException::RuntimeException(std::string message)
-    : message_(std::move(message)), stack_(CallStack()) {}
+RuntimeException::RuntimeException(std::string message) : message_(std::move(message)), stack_(CallStack()) {}
 
 NilObjectException::NilObjectException(const std::string& expected)
     : RuntimeException("No " + expected + " is there.") {}

@@ -1,0 +1,177 @@
+#include "FileReplacement.h"
+
+#include "Exceptions.h"
+#include "Place.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <fcntl.h>
+#include <optional>
+#include <random>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace folimark {
+namespace {
+
+/// As many as the system itself follows.
+constexpr int kMostLinks = 40;
+
+class Descriptor {
+  public:
+    explicit Descriptor(int number = -1) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    ~Descriptor() { Close(); }
+
+    int Number() const { return number_; }
+    explicit operator bool() const { return number_ >= 0; }
+    int Close() { return number_ < 0 ? 0 : close(std::exchange(number_, -1)); }
+
+  private:
+    int number_;
+};
+
+std::string FolderOf(const std::string& path) {
+    return path.substr(0, path.rfind('/'));
+}
+std::string NameOf(const std::string& path) {
+    return path.substr(path.rfind('/') + 1);
+}
+
+/// One replacement, with its steps in the order in which they are taken.
+class Replacement {
+  public:
+    explicit Replacement(const std::string& path) : path_(path), name_(NameOf(path)) {}
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+    ~Replacement() {
+        if (!temporary_.empty()) {
+            unlinkat(folder_.Number(), temporary_.c_str(), 0);
+        }
+    }
+
+    void OpenFolder();
+    void FollowLinks();
+    void CheckOldFile();
+    void Write(std::string_view text);
+    void TakeTheName();
+
+  private:
+    [[noreturn]] void Fail(int error) const { throw IOException("Can't save", path_, error); }
+    void Check(bool done) const {
+        if (!done) {
+            Fail(errno);
+        }
+    }
+
+    const std::string& path_;
+    Descriptor folder_;
+    std::string name_;
+    std::optional<struct stat> old_;
+    std::string temporary_; // "" when there is none to remove
+};
+
+void Replacement::OpenFolder() {
+    const std::string folder = FolderOf(path_);
+    folder_ = Descriptor(OpenFolderPath(folder));
+    if (!folder_ && errno == ENOENT) {
+        for (std::size_t end = 0; end != std::string::npos;) {
+            end = folder.find('/', end + 1);
+            Check(mkdir(folder.substr(0, end).c_str(), S_IRWXU) == 0 || errno == EEXIST);
+        }
+        folder_ = Descriptor(OpenFolderPath(folder));
+    }
+    Check(static_cast<bool>(folder_));
+}
+
+void Replacement::FollowLinks() {
+    std::array<char, PATH_MAX> target{};
+    for (int links = 0;; ++links) {
+        const ssize_t length = readlinkat(folder_.Number(), name_.c_str(), target.data(), target.size());
+        if (length < 0 && (errno == EINVAL || errno == ENOENT)) {
+            return; // no link, or nothing at all
+        }
+        Check(length >= 0);
+        if (links == kMostLinks) {
+            Fail(ELOOP);
+        }
+        const std::string path(target.data(), static_cast<std::size_t>(length));
+        name_ = NameOf(path);
+        if (name_.empty() || name_ == "." || name_ == "..") {
+            Fail(EISDIR);
+        }
+        if (path.find('/') != std::string::npos) {
+            const std::string folder = FolderOf(path) + "/";
+            folder_ = Descriptor(openat(folder_.Number(), folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+            Check(static_cast<bool>(folder_));
+        }
+    }
+}
+
+void Replacement::CheckOldFile() {
+    struct stat status {};
+    if (fstatat(folder_.Number(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        Check(errno == ENOENT);
+        return;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Fail(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+    }
+    // The renaming would pass over the write protection of the file itself.
+    Check(faccessat(folder_.Number(), name_.c_str(), W_OK, AT_EACCESS) == 0);
+    old_ = status;
+}
+
+void Replacement::Write(std::string_view text) {
+    Descriptor file;
+    std::random_device random;
+    do {
+        std::array<char, 32> name{};
+        std::snprintf(name.data(), name.size(), ".folimark-%08x%08x", random(), random());
+        file = Descriptor(openat(folder_.Number(), name.data(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
+                                 S_IRUSR | S_IWUSR));
+        temporary_ = file ? name.data() : "";
+    } while (!file && errno == EEXIST);
+    Check(static_cast<bool>(file));
+
+    while (!text.empty()) {
+        const ssize_t written = write(file.Number(), text.data(), text.size());
+        Check(written >= 0 || errno == EINTR);
+        text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    }
+    if (old_) {
+        // Another owner can be kept by the superuser only, who must not take the file away from the user.
+        Check(fchown(file.Number(), old_->st_uid, old_->st_gid) == 0 || errno == EPERM);
+        Check(fchmod(file.Number(), old_->st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) == 0);
+    }
+    Check(fsync(file.Number()) == 0);
+    Check(file.Close() == 0);
+}
+
+void Replacement::TakeTheName() {
+    Check(renameat(folder_.Number(), temporary_.c_str(), folder_.Number(), name_.c_str()) == 0);
+    temporary_.clear();
+    // A folder that may not be read can't be synced by us, and some file systems don't know how to.
+    const Descriptor folder(openat(folder_.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    Check(!folder || fsync(folder.Number()) == 0 || errno == EINVAL);
+}
+
+} // namespace
+
+void ReplaceFile(const std::string& path, std::string_view text) {
+    Replacement replacement(path);
+    replacement.OpenFolder();
+    replacement.FollowLinks();
+    replacement.CheckOldFile();
+    replacement.Write(text);
+    replacement.TakeTheName();
+}
+
+} // namespace folimark

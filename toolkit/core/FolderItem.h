@@ -1,0 +1,117 @@
+#pragma once
+
+#include "Date.h"
+#include "Object.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace folimark {
+
+class FolderListing;
+class Place;
+enum class EntryKind : std::uint8_t;
+
+/// A reference to a place in the file system, which may or may not exist. It keeps no file open.
+///
+/// An item is either named (GetFolderItem, Child, Parent, FromNativePath) or listed (Item). A named item
+/// follows links. Its Exists asks the system each time; the other answers belong to the last time that the
+/// system was asked. A listed item answers from what the folder held when it was read, and asks the system at
+/// most once for what the folder's entry doesn't say. A listed link to a file is that file, a listed link to
+/// a folder is no folder, so that no walk goes round in circles.
+class FolderItem : public Object {
+  public:
+    /// The item at an absolute POSIX path; nil if the path isn't absolute, holds a NUL byte, or goes up with
+    /// ".." from a folder that doesn't exist.
+    static Ref<FolderItem> FromNativePath(std::string_view bytes);
+    ~FolderItem() override;
+
+    /// The item of that name (as it stands in a colon path) directly in this folder, whether or not it
+    /// exists; nil if no file can have that name.
+    Ref<FolderItem> Child(std::string_view name) const;
+    /// The folder that holds this item; nil for the root of the volume.
+    Ref<FolderItem> Parent() const;
+
+    /// The number of entries in this folder, hidden ones included. The entries are read at the first
+    /// question about them and stay as they were then. 0 for what is no folder or can't be read.
+    std::int64_t Count() const;
+    /// Entries 1 to Count; nil outside.
+    Ref<FolderItem> Item(std::int64_t index) const;
+    /// True for a folder of which entries, or all of them, could not be read (no permission, a broken disk);
+    /// false for one that is empty or gone.
+    bool Unreadable() const;
+
+    bool Exists() const;
+    /// False for what the desktop's file browser hides: names with a leading dot, and those that stand in the
+    /// file ".hidden" of their folder.
+    bool Visible() const;
+    bool Directory() const;
+    /// The registered type of a regular file; "" if there is none, and for all else.
+    std::string Type() const;
+    /// The size of a regular file in bytes; 0 for all else.
+    std::uint64_t Length() const;
+    /// Nil if the file system doesn't keep it, or nothing is there.
+    Ref<Date> CreationDate() const;
+    Ref<Date> ModificationDate() const;
+
+    /// The path in the colon form (ColonPath.h). A folder's ends in ":"; what doesn't exist keeps the end
+    /// that it was asked for with.
+    std::string AbsolutePath() const;
+    /// The path as the system takes it: absolute, without a final "/" but for the root, and not
+    /// always UTF-8.
+    std::string NativePath() const;
+
+    /// A descriptor of a regular file (O_CLOEXEC, O_NONBLOCK), which the caller closes; -1, with errno set,
+    /// if there is none or it can't be opened. Pipes, sockets and devices aren't touched.
+    int OpenForReading() const;
+
+    /// Hands the item to the desktop: a file opens in its default application, a folder in the file browser,
+    /// and that comes to the front. Doesn't wait, and reports nothing back.
+    void Launch(bool activate) const;
+
+  private:
+    struct Status;
+    friend Ref<FolderItem> GetFolderItem(std::string_view path, int pathType);
+
+    FolderItem(std::shared_ptr<const Place> folder, std::string name, EntryKind kind);
+
+    const std::shared_ptr<const Place>& OwnPlace() const;
+    const FolderListing& Listing() const;
+    const Status& LastStatus() const;
+    void AskStatus() const;
+
+    std::shared_ptr<const Place> folder_; // null for the root of the volume
+    std::string name_;                    // bytes; "" for the root
+    EntryKind kind_;
+    bool hidden_ = false;      // of a listed item
+    bool namedFolder_ = false; // a named item was asked for with a final ":"
+    mutable std::unique_ptr<Status> status_;
+    mutable std::unique_ptr<FolderListing> listing_;
+    mutable std::shared_ptr<const Place> place_; // this item as the folder of others
+};
+
+/// The item at a path in the colon form; path type 0 is that form, and there is no other. Nil if the path
+/// can't be one of this system: another volume, a field that is no name. What the path leads to need not
+/// exist.
+Ref<FolderItem> GetFolderItem(std::string_view path, int pathType = 0);
+
+namespace SpecialFolder {
+
+/// The user's folder of preferences: $XDG_CONFIG_HOME, or ".config" in the home folder.
+Ref<FolderItem> Preferences();
+
+} // namespace SpecialFolder
+
+/// What Launch calls, with the native path; null brings back the default, which starts the desktop's
+/// "xdg-open".
+void SetLaunchHandler(std::function<void(const std::string& nativePath)> handler);
+
+/// The folder that was asked last stays open, so that its files are found without looking up the whole path
+/// again. This closes it. Every real yield does so: no folder stays open while the application is idle, and
+/// none is taken for what has its name by now.
+void DropFolderCache();
+
+} // namespace folimark

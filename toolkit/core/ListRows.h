@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Array.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace folimark {
+
+/// The rows of a list: each has a text for each column and a tag that isn't shown. Rows and columns count
+/// from 0. A row is one block of memory, so that a million of them are no burden. A row outside the list, or
+/// a column that no list can have, raises OutOfBoundsException.
+class ListRows {
+  public:
+    /// Lists have far fewer columns than this.
+    static constexpr std::int64_t kMostColumns = 256;
+
+    /// Adds a row at the end, with one text for each column from the first on, and an empty tag.
+    void AddRow(const std::vector<std::string>& cells);
+    template <std::same_as<std::string> T>
+    void AddRow(const Array<T>& cells) {
+        AddRow(cells.Elements());
+    }
+
+    /// The rows below it move up by one.
+    void RemoveRow(std::int64_t row);
+    void DeleteAllRows() { rows_.clear(); }
+    /// -1 for an empty list.
+    std::int64_t LastIndex() const { return static_cast<std::int64_t>(rows_.size()) - 1; }
+
+    /// "" in a column that the row was given no text for. The view holds until the row is changed or removed.
+    std::string_view Cell(std::int64_t row, std::int64_t column) const;
+    void Cell(std::int64_t row, std::int64_t column, std::string_view text);
+    std::string_view RowTag(std::int64_t row) const;
+    void RowTag(std::int64_t row, std::string_view tag);
+
+    /// Puts whole rows into the order of a column's texts. Rows with identical texts keep their order,
+    /// upwards and downwards. The result tells each row's new place: what stood in row i stands in row
+    /// result[i].
+    std::vector<std::int64_t> Sort(std::int64_t column, bool ascending);
+
+    /// The first row, from `startRow` on and then from the top, whose first column starts with the text,
+    /// letter case ignored; -1 if there is none, or the text is empty. A `startRow` outside the list means
+    /// the top.
+    std::int64_t FindPrefix(std::string_view text, std::int64_t startRow) const;
+
+  private:
+    std::size_t Checked(std::int64_t row) const;
+    void Replace(std::size_t row, std::size_t part, std::string_view text);
+
+    std::vector<std::unique_ptr<std::uint32_t[]>> rows_;
+};
+
+} // namespace folimark

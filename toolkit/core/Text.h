@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace folimark {
+
+// Text is UTF-8. A character is a code point: a byte that starts one, with the continuation bytes behind it.
+// Positions, lengths and field numbers count characters or fields from 1. None of these functions raises, and
+// none depends on the locale.
+
+/// The platform's line end.
+inline constexpr char EndOfLine[] = "\n";
+
+/// The position of the first occurrence of `wanted` at or behind position `start` (0 means 1), letter case
+/// ignored; 0 if there is none, or if `wanted` is empty.
+std::int64_t InStr(std::string_view text, std::string_view wanted, std::int64_t start = 0);
+
+/// The number of fields between the separators. Even an empty text has one field. The separator's letter case
+/// counts, and an empty separator separates nothing.
+std::int64_t CountFields(std::string_view text, std::string_view separator);
+
+/// The field of that number; "" for a number below 1 or past the last field.
+std::string NthField(std::string_view text, std::string_view separator, std::int64_t number);
+
+/// Replaces every occurrence (letter case counts) from left to right, without looking at what was replaced.
+std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement);
+
+/// The last `count` characters; "" for a count below 1, the whole text for one that is too large.
+std::string Right(std::string_view text, std::int64_t count);
+
+/// The number of characters.
+std::int64_t Len(std::string_view text);
+
+/// Plain decimal digits, with a leading "-" for a negative value.
+std::string Str(std::int64_t value);
+
+/// The one-character text of a Unicode code point; "" if there is no such character.
+std::string Chr(std::int64_t code);
+
+/// A number by a mask such as "###,###" or "000.0". Before the decimal point each "0" is a digit that is
+/// always shown, and a "," asks for groups of three; behind it each place is a digit that is always shown.
+/// Digits that find no place in the mask are shown all the same, and at least one stands before the point, so
+/// that "###,###" of 0 is "0".
+std::string Format(double value, std::string_view mask);
+
+/// The greatest whole number that isn't above the value.
+double Floor(double value);
+
+/// The elements in order with the separator between them.
+std::string Join(const std::vector<std::string>& elements, std::string_view separator);
+
+/// 0xAARRGGBB. The alpha part is the transparency: 0 is opaque, 255 can't be seen.
+using Color = std::uint32_t;
+
+/// Each part is 0 to 255.
+constexpr Color RGB(int red, int green, int blue, int alpha = 0) {
+    return static_cast<Color>(alpha) << 24U | static_cast<Color>(red) << 16U | static_cast<Color>(green) << 8U
+           | static_cast<Color>(blue);
+}
+
+/// The text with every difference of letter case taken out (Unicode's full case folding, no normalisation).
+/// Bytes that are no UTF-8 stay as they are.
+std::string FoldCase(std::string_view text);
+
+/// The equality of texts everywhere in the application: letter case is ignored.
+bool EqualText(std::string_view left, std::string_view right);
+
+/// Does `text` start with `folded`, which FoldCase has made? Letter case is ignored.
+bool StartsWithFolded(std::string_view text, std::string_view folded);
+
+/// The order of texts as a person means it: letters first, accents second, case third, by the root collation
+/// of Unicode, so that it is the same whatever the user's language. Texts that this can't tell apart are in
+/// the order of their bytes, so only identical texts are equal. Below, equal to or above 0.
+int CompareForSort(std::string_view left, std::string_view right);
+
+/// A key whose byte order is the order of CompareForSort, but for texts that only their bytes tell apart.
+std::string SortKey(std::string_view text);
+
+/// The indexes (from 0) of the texts in the order of CompareForSort. Identical texts keep their order.
+std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts);
+
+} // namespace folimark

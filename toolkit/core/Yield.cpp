@@ -1,0 +1,51 @@
+#include "Yield.h"
+
+#include "FolderItem.h"
+
+#include <chrono>
+#include <utility>
+
+namespace folimark {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Short enough for pointer and keys to feel served at once, long enough for the loops to get their work
+/// done.
+constexpr std::chrono::milliseconds kBetweenYields{10};
+
+std::function<void()>& Handler() {
+    static std::function<void()> handler;
+    return handler;
+}
+
+Clock::time_point lastYield;
+bool due = true;
+
+/// Notes when the yield ended, however it did.
+struct YieldEnd {
+    YieldEnd() = default;
+    YieldEnd(const YieldEnd&) = delete;
+    YieldEnd& operator=(const YieldEnd&) = delete;
+    ~YieldEnd() { lastYield = Clock::now(); }
+};
+
+} // namespace
+
+std::function<void()> SetYieldHandler(std::function<void()> handler) {
+    due = true;
+    return std::exchange(Handler(), std::move(handler));
+}
+
+void RuntimeBackgroundTask() {
+    if (!Handler() || (!due && Clock::now() - lastYield < kBetweenYields)) {
+        return;
+    }
+    due = false;
+    DropFolderCache();
+    const YieldEnd end;
+    const std::function<void()> handler = Handler(); // it may be replaced while it runs
+    handler();
+}
+
+} // namespace folimark
