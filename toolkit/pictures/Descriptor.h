@@ -1,0 +1,30 @@
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace folimark {
+
+/// Owns a file descriptor, or none (-1).
+class Descriptor {
+  public:
+    explicit Descriptor(int descriptor = -1) : descriptor_(descriptor) {}
+    Descriptor(Descriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(descriptor_, other.descriptor_);
+        return *this;
+    }
+    ~Descriptor() {
+        if (descriptor_ >= 0) {
+            close(descriptor_);
+        }
+    }
+
+    int Get() const { return descriptor_; }
+    explicit operator bool() const { return descriptor_ >= 0; }
+
+  private:
+    int descriptor_;
+};
+
+} // namespace folimark

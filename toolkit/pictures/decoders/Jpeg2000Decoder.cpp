@@ -1,0 +1,111 @@
+#include "Decoders.h"
+#include "Jpeg2000Samples.h"
+#include "Vips.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace folimark {
+namespace {
+
+/// Where a decoder stands in the file.
+struct Source {
+    Bytes bytes;
+    std::size_t place = 0;
+};
+
+OPJ_SIZE_T Read(void* buffer, OPJ_SIZE_T length, void* user) {
+    auto* source = static_cast<Source*>(user);
+    const std::size_t count = std::min<std::size_t>(length, source->bytes.size() - source->place);
+    if (count == 0) {
+        return static_cast<OPJ_SIZE_T>(-1);
+    }
+    std::memcpy(buffer, source->bytes.data() + source->place, count);
+    source->place += count;
+    return count;
+}
+
+OPJ_BOOL Seek(OPJ_OFF_T place, void* user) {
+    auto* source = static_cast<Source*>(user);
+    if (place < 0 || static_cast<std::size_t>(place) > source->bytes.size()) {
+        return OPJ_FALSE;
+    }
+    source->place = static_cast<std::size_t>(place);
+    return OPJ_TRUE;
+}
+
+OPJ_OFF_T Skip(OPJ_OFF_T count, void* user) {
+    const auto* source = static_cast<Source*>(user);
+    return Seek(static_cast<OPJ_OFF_T>(source->place) + count, user) != OPJ_FALSE ? count : -1;
+}
+
+struct CodecRelease {
+    void operator()(opj_codec_t* codec) const { opj_destroy_codec(codec); }
+};
+struct StreamRelease {
+    void operator()(opj_stream_t* stream) const { opj_stream_destroy(stream); }
+};
+struct ImageRelease {
+    void operator()(opj_image_t* image) const { opj_image_destroy(image); }
+};
+
+/// How often the picture may be halved, of the times that the file allows, without becoming smaller than
+/// `size`.
+OPJ_UINT32 HalvingsFor(opj_codec_t* codec, Size picture, Size size) {
+    opj_codestream_info_v2_t* info = opj_get_cstr_info(codec);
+    const OPJ_UINT32 levels = info != nullptr && info->m_default_tile_info.tccp_info != nullptr
+                                  ? info->m_default_tile_info.tccp_info->numresolutions
+                                  : 1;
+    opj_destroy_cstr_info(&info);
+    OPJ_UINT32 halvings = 0;
+    while (halvings + 1 < levels && picture.width >> (halvings + 1) >= size.width
+           && picture.height >> (halvings + 1) >= size.height) {
+        ++halvings;
+    }
+    return halvings;
+}
+
+} // namespace
+
+std::optional<Pixels> DecodeJpeg2000(Bytes file, Size wanted) {
+    const bool isBare = !file.empty() && file[0] == 0xFF; // a codestream without boxes around it
+    const std::unique_ptr<opj_codec_t, CodecRelease> codec(
+        opj_create_decompress(isBare ? OPJ_CODEC_J2K : OPJ_CODEC_JP2));
+    const std::unique_ptr<opj_stream_t, StreamRelease> stream(opj_stream_default_create(OPJ_TRUE));
+    Source source{file};
+    opj_stream_set_user_data(stream.get(), &source, nullptr);
+    opj_stream_set_user_data_length(stream.get(), file.size());
+    opj_stream_set_read_function(stream.get(), Read);
+    opj_stream_set_skip_function(stream.get(), Skip);
+    opj_stream_set_seek_function(stream.get(), Seek);
+
+    opj_dparameters_t parameters;
+    opj_set_default_decoder_parameters(&parameters);
+    opj_image_t* head = nullptr;
+    if (opj_setup_decoder(codec.get(), &parameters) == OPJ_FALSE) {
+        return std::nullopt;
+    }
+    opj_decoder_set_strict_mode(codec.get(), OPJ_FALSE); // what is cut off is shown as far as it goes
+    opj_codec_set_threads(codec.get(), 2);
+    if (opj_read_header(stream.get(), codec.get(), &head) == OPJ_FALSE) {
+        return std::nullopt;
+    }
+    const std::unique_ptr<opj_image_t, ImageRelease> image(head);
+    // The first component is the picture; the others are stretched to it.
+    constexpr OPJ_UINT32 kLongestSide = 1 << 20;
+    const opj_image_comp_t& first = image->comps[0];
+    if (image->numcomps == 0 || first.w == 0 || first.h == 0 || first.w > kLongestSide
+        || first.h > kLongestSide) {
+        return std::nullopt;
+    }
+    const Size picture{static_cast<int>(first.w), static_cast<int>(first.h)};
+    const OPJ_UINT32 halvings = HalvingsFor(codec.get(), picture, SizeFor(picture, wanted));
+    if (opj_set_decoded_resolution_factor(codec.get(), halvings) == OPJ_FALSE
+        || opj_decode(codec.get(), stream.get(), image.get()) == OPJ_FALSE) {
+        return std::nullopt;
+    }
+    const std::optional<Samples> samples = SamplesOf(*image, picture);
+    return samples ? Scaled(*samples, wanted) : std::nullopt;
+}
+
+} // namespace folimark

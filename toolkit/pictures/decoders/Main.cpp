@@ -1,0 +1,105 @@
+#include "Confinement.h"
+#include "Decoders.h"
+#include "PictureProtocol.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+
+namespace folimark {
+namespace {
+
+/// A descriptor's memory as long as this lives; empty if it can't be mapped.
+class Mapping {
+  public:
+    Mapping(int descriptor, std::size_t length, int protection, int flags) : length_(length) {
+        if (length > 0) {
+            place_ = mmap(nullptr, length, protection, flags, descriptor, 0);
+        }
+    }
+    Mapping(const Mapping&) = delete;
+    Mapping& operator=(const Mapping&) = delete;
+    ~Mapping() {
+        if (*this) {
+            munmap(place_, length_);
+        }
+    }
+    explicit operator bool() const { return place_ != MAP_FAILED; }
+    void* Place() const { return place_; }
+
+  private:
+    void* place_ = MAP_FAILED;
+    std::size_t length_;
+};
+
+std::optional<Pixels> Decode(int file, const PictureRequest& request) {
+    struct stat status {};
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    const auto length = static_cast<std::size_t>(status.st_size);
+    // If the file shrinks while it is read, this process dies of it, as of any other fault in a file.
+    const Mapping content(file, length, PROT_READ, MAP_PRIVATE);
+    if (!content) {
+        return std::nullopt;
+    }
+    const Bytes bytes(static_cast<const std::uint8_t*>(content.Place()), length);
+    return DecodeFile(request.type.data(), bytes, {request.wantedWidth, request.wantedHeight});
+}
+
+bool CopyTo(int memory, const std::vector<std::uint32_t>& argb) {
+    const std::size_t length = argb.size() * sizeof argb[0];
+    const Mapping target(memory, length, PROT_READ | PROT_WRITE, MAP_SHARED);
+    if (target) {
+        std::memcpy(target.Place(), argb.data(), length);
+    }
+    return bool(target);
+}
+
+PictureAnswer AnswerTo(const PictureRequest& request, int file, int memory) {
+    try {
+        const std::optional<Pixels> pixels = Decode(file, request);
+        if (pixels && CopyTo(memory, pixels->argb)) {
+            return {pixels->picture.width, pixels->picture.height, pixels->size.width, pixels->size.height};
+        }
+    } catch (const std::exception&) {
+        // A lie about sizes ends as a failed allocation here. The next file has all of the memory again.
+    }
+    return {};
+}
+
+void Settle() {
+    ConfineThisProcess();
+    signal(SIGXFSZ, SIG_IGN); // a file that may not be written is an error for its writer, no reason to die
+#ifndef __SANITIZE_ADDRESS__
+    // What the libraries have to say about damaged files is of no use to the user's terminal or journal.
+    dup2(STDOUT_FILENO, STDERR_FILENO);
+#endif
+}
+
+int Serve() {
+    PictureRequest request;
+    for (;;) {
+        std::array<Descriptor, kRequestDescriptors> descriptors;
+        if (!ReceiveRequest(kPictureSocket, request, descriptors)) {
+            return EXIT_SUCCESS;
+        }
+        const PictureAnswer answer = AnswerTo(request, descriptors[0].Get(), descriptors[1].Get());
+        if (send(kPictureSocket, &answer, sizeof answer, MSG_NOSIGNAL) != ssize_t{sizeof answer}) {
+            return EXIT_FAILURE;
+        }
+    }
+}
+
+} // namespace
+} // namespace folimark
+
+int main() {
+    folimark::Settle();
+    // The libraries' own clean-up at exit has nothing to save, and has its own faults.
+    std::_Exit(folimark::Serve());
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace folimark {
+
+/// A file's content, or a part of it.
+using Bytes = std::span<const std::uint8_t>;
+
+struct Size {
+    int width = 0;
+    int height = 0;
+};
+
+/// What a decoder gives: see DecodedPicture for the meaning of the sizes and of `argb`.
+struct Pixels {
+    Size picture;
+    Size size;
+    std::vector<std::uint32_t> argb;
+};
+
+/// A picture as the simpler formats hold it: 8-bit samples, row by row without gaps. One sample a pixel is
+/// grey, three are red, green and blue, four CMYK if `isCmyk`; two and otherwise four end with the opacity.
+struct Samples {
+    Size picture; // the own size, of which `size` may be a reduction
+    Size size;
+    int samplesPerPixel = 0;
+    bool isCmyk = false;
+    Bytes profile; // an ICC profile; empty for sRGB
+    std::vector<std::uint8_t> bytes;
+};
+
+/// The size in which to decode a picture for a box of the size `wanted`, as ReadPicture promises it.
+Size SizeFor(Size picture, Size wanted, bool mayEnlarge = false);
+
+/// A pixel of Pixels::argb.
+std::uint32_t Premultiplied(std::uint32_t red, std::uint32_t green, std::uint32_t blue, std::uint32_t alpha);
+
+} // namespace folimark

@@ -1,0 +1,102 @@
+#include "Vips.h"
+
+#include <cstdlib>
+
+namespace folimark {
+namespace {
+
+bool ReallyStartVips() {
+    // Its plug-ins are looked for below this folder: with none there, they needn't be loaded, nor trusted.
+    setenv("VIPSHOME", "/nonexistent", 1);
+    if (VIPS_INIT("folimark-pictures") != 0) {
+        return false;
+    }
+    vips_concurrency_set(2);
+    vips_cache_set_max(0);
+    vips_operation_block_set("VipsForeignLoad", TRUE);
+    for (const char* loader :
+         {"VipsForeignLoadJpeg", "VipsForeignLoadPng", "VipsForeignLoadNsgif", "VipsForeignLoadTiff"}) {
+        vips_operation_block_set(loader, FALSE);
+    }
+    return true;
+}
+
+std::uint32_t PixelAt(const std::uint8_t* place, int bands) {
+    return Premultiplied(place[0], place[1], place[2], bands > 3 ? place[3] : 255);
+}
+
+} // namespace
+
+bool StartVips() {
+    static const bool started = ReallyStartVips();
+    return started;
+}
+
+std::optional<Pixels> PixelsOf(VipsImage* image, Size picture) {
+    VipsImage* colours = nullptr;
+    if (vips_colourspace(image, &colours, VIPS_INTERPRETATION_sRGB, nullptr) != 0) {
+        return std::nullopt;
+    }
+    const Vips inColours(colours);
+    VipsImage* bytes = nullptr;
+    if (vips_cast_uchar(colours, &bytes, nullptr) != 0) {
+        return std::nullopt;
+    }
+    const Vips inBytes(bytes);
+    const int bands = vips_image_get_bands(bytes);
+    std::size_t length = 0;
+    const std::unique_ptr<void, decltype(&g_free)> samples(vips_image_write_to_memory(bytes, &length),
+                                                           &g_free);
+    if (!samples || bands < 3) {
+        return std::nullopt;
+    }
+    Pixels pixels{picture, {vips_image_get_width(bytes), vips_image_get_height(bytes)}, {}};
+    pixels.argb.resize(length / static_cast<std::size_t>(bands));
+    const auto* place = static_cast<const std::uint8_t*>(samples.get());
+    for (std::uint32_t& pixel : pixels.argb) {
+        pixel = PixelAt(place, bands);
+        place += bands;
+    }
+    return pixels;
+}
+
+const char* ProfileFor(VipsImage* image) {
+    return vips_image_get_typeof(image, VIPS_META_ICC_NAME) != 0 ? "srgb" : nullptr;
+}
+
+std::optional<Pixels> Scaled(const Samples& samples, Size wanted) {
+    if (!StartVips()) {
+        return std::nullopt;
+    }
+    const Vips borrowed(vips_image_new_from_memory(samples.bytes.data(), samples.bytes.size(),
+                                                   samples.size.width, samples.size.height,
+                                                   samples.samplesPerPixel, VIPS_FORMAT_UCHAR));
+    if (!borrowed) {
+        return std::nullopt;
+    }
+    const VipsInterpretation colours = samples.isCmyk                ? VIPS_INTERPRETATION_CMYK
+                                       : samples.samplesPerPixel < 3 ? VIPS_INTERPRETATION_B_W
+                                                                     : VIPS_INTERPRETATION_sRGB;
+    VipsImage* described = nullptr;
+    if (vips_copy(borrowed.get(), &described, "interpretation", colours, nullptr) != 0) {
+        return std::nullopt;
+    }
+    const Vips input(described);
+    // Read from the top to the bottom; any other way gets slower with the square of the height.
+    vips_image_set_int(described, VIPS_META_SEQUENTIAL, 1);
+    if (!samples.profile.empty()) {
+        vips_image_set_blob_copy(described, VIPS_META_ICC_NAME, samples.profile.data(),
+                                 samples.profile.size());
+    }
+    const Size size = SizeFor(samples.picture, wanted);
+    VipsImage* scaled = nullptr;
+    if (vips_thumbnail_image(described, &scaled, size.width, "height", size.height, "size", VIPS_SIZE_FORCE,
+                             "export_profile", ProfileFor(described), nullptr)
+        != 0) {
+        return std::nullopt;
+    }
+    const Vips output(scaled);
+    return PixelsOf(scaled, samples.picture);
+}
+
+} // namespace folimark

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Pixels.h"
+
+#include <memory>
+#include <vips/vips.h>
+
+namespace folimark {
+
+struct VipsRelease {
+    void operator()(VipsImage* image) const { g_object_unref(image); }
+};
+using Vips = std::unique_ptr<VipsImage, VipsRelease>;
+
+/// Starts libvips at the first call, with none of its loaders but those that this process uses.
+bool StartVips();
+
+/// The pixels of `image`, whatever its kind of samples; `picture` is the own size that they stand for.
+std::optional<Pixels> PixelsOf(VipsImage* image, Size picture);
+
+/// The name for the option "export_profile" of libvips' scaling: sRGB for an `image` that has a profile of
+/// its own, none for one without. That is sRGB already, and the way through a profile would tint it.
+const char* ProfileFor(VipsImage* image);
+
+/// Scales `samples` to the size for a box of the size `wanted`, and takes their colours to sRGB.
+std::optional<Pixels> Scaled(const Samples& samples, Size wanted);
+
+} // namespace folimark
