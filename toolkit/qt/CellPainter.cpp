@@ -1,0 +1,67 @@
+#include "CellPainter.h"
+
+#include "ListView.h"
+#include "Listbox.h"
+#include "PainterSurface.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+
+namespace folimark {
+namespace {
+
+// The selected row, in a window that has the keyboard and in one that hasn't. The row's own background stays
+// to be seen at its ends, so that a coloured row can be told while it is selected.
+const QColor kSelection(0x2A, 0x5D, 0xB0);
+const QColor kSelectionText(Qt::white);
+const QColor kIdleSelection(0xC3, 0xCF, 0xE2);
+const QColor kText(Qt::black);
+constexpr int kEndWidth = 4;
+constexpr int kTextMargin = 6;
+
+void PaintSelection(QPainter& painter, QRect cell, const QColor& color, bool isFirst, bool isLast) {
+    if (isFirst) {
+        cell.setLeft(cell.left() + kEndWidth);
+    }
+    if (isLast) {
+        cell.setRight(cell.right() - kEndWidth);
+    }
+    painter.fillRect(cell, color);
+}
+
+} // namespace
+
+CellPainter::CellPainter(ListView* view) : QStyledItemDelegate(view), view_(*view) {}
+
+void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    painter->save();
+    painter->setClipRect(option.rect);
+    Graphics background(std::make_unique<PainterSurface>(*painter, option.rect));
+    const bool painted = view_.List().PaintCellBackground(background, index.row(), index.column());
+    const bool selected = index.row() == view_.List().ListIndex();
+    const bool active = option.state.testFlag(QStyle::State_Active);
+    if (selected) {
+        PaintSelection(*painter, option.rect, active ? kSelection : kIdleSelection, index.column() == 0,
+                       index.column() == view_.List().ColumnCount() - 1);
+    }
+    if (!painted) {
+        const QRect room = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
+        const QString text = index.data(Qt::DisplayRole).toString();
+        painter->setFont(view_.font());
+        painter->setPen(selected && active ? kSelectionText : kText);
+        // A name that is read from the right stays at its column's side, with its extension at its end.
+        painter->drawText(room,
+                          index.data(Qt::TextAlignmentRole).toInt() | static_cast<int>(Qt::TextSingleLine)
+                              | static_cast<int>(Qt::TextForceLeftToRight),
+                          view_.fontMetrics().elidedText(text, Qt::ElideMiddle, room.width()));
+    }
+    painter->restore();
+}
+
+bool CellPainter::helpEvent(QHelpEvent* /*event*/, QAbstractItemView* /*view*/,
+                            const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) {
+    return false; // The list's own tooltip serves all cells.
+}
+
+} // namespace folimark

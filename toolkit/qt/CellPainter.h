@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace folimark {
+
+class ListView;
+
+/// Paints a cell: the background that the list's owner wants, the selection, and the text.
+class CellPainter : public QStyledItemDelegate {
+  public:
+    explicit CellPainter(ListView* view);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+  private:
+    ListView& view_;
+};
+
+} // namespace folimark

@@ -1,0 +1,59 @@
+#include "EditCommands.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace folimark {
+namespace {
+
+struct EditCommand {
+    std::string_view itemName;
+    bool (*possible)(const QLineEdit&);
+    void (*run)(QLineEdit&);
+};
+
+constexpr std::array kCommands{
+    EditCommand{"EditUndo", [](const QLineEdit& field) { return field.isUndoAvailable(); },
+                [](QLineEdit& field) { field.undo(); }},
+    EditCommand{"EditCut", [](const QLineEdit& field) { return field.hasSelectedText(); },
+                [](QLineEdit& field) { field.cut(); }},
+    EditCommand{"EditCopy", [](const QLineEdit& field) { return field.hasSelectedText(); },
+                [](QLineEdit& field) { field.copy(); }},
+    EditCommand{"EditPaste", [](const QLineEdit&) { return !QApplication::clipboard()->text().isEmpty(); },
+                [](QLineEdit& field) { field.paste(); }},
+    EditCommand{"EditClear", [](const QLineEdit& field) { return field.hasSelectedText(); },
+                [](QLineEdit& field) { field.del(); }},
+    EditCommand{"EditSelectAll", [](const QLineEdit& field) { return !field.text().isEmpty(); },
+                [](QLineEdit& field) { field.selectAll(); }},
+};
+
+QLineEdit* FocusedField() {
+    return qobject_cast<QLineEdit*>(QApplication::focusWidget());
+}
+
+const EditCommand* Find(const std::string& itemName) {
+    const auto* found = std::ranges::find(kCommands, itemName, &EditCommand::itemName);
+    return found == kCommands.end() ? nullptr : found;
+}
+
+} // namespace
+
+bool CanRunEditCommand(const std::string& itemName) {
+    const EditCommand* command = Find(itemName);
+    const QLineEdit* field = FocusedField();
+    return command != nullptr && field != nullptr && command->possible(*field);
+}
+
+void RunEditCommand(const std::string& itemName) {
+    const EditCommand* command = Find(itemName);
+    if (QLineEdit* field = FocusedField(); command != nullptr && field != nullptr) {
+        command->run(*field);
+    }
+}
+
+} // namespace folimark

@@ -1,0 +1,95 @@
+#include "NativeApplication.h"
+
+#include "Accessibility.h"
+#include "Application.h"
+#include "EventGate.h"
+#include "NativeWindow.h"
+#include "PlatformText.h"
+#include "Window.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QIcon>
+
+namespace folimark {
+namespace {
+
+/// Brings the menus up to date before a shortcut is tried: the window system only tries those of enabled
+/// items.
+class ShortcutWatch : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride) {
+            const std::vector<Ref<Window>> windows = OpenWindows();
+            for (const Ref<Window>& window : windows) {
+                const NativeWindow& native = window->Native();
+                if (native.frame && native.frame == QApplication::activeWindow()) {
+                    EnterApplication([&] { window->UpdateMenuItems(); });
+                }
+            }
+        }
+        return false;
+    }
+};
+
+/// Captions of what is disabled stay dim but can be read, on light and on dark grounds. All else is the
+/// desktop's, and follows it.
+void MakeDimmedTextReadable() {
+    const QColor dimmed(0x80, 0x80, 0x80);
+    QPalette palette;
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, dimmed);
+    }
+    QApplication::setPalette(palette);
+}
+
+QString& TheDisplayName() {
+    static QString name;
+    return name;
+}
+
+} // namespace
+
+const QString& DisplayName() {
+    return TheDisplayName();
+}
+
+QByteArray PluginsFor(const QByteArray& waylandDisplay, const QByteArray& xDisplay,
+                      const QByteArray& chosen) {
+    const bool both = !waylandDisplay.isEmpty() && !xDisplay.isEmpty();
+    return both && chosen.isEmpty() ? QByteArrayLiteral("xcb;wayland") : QByteArray();
+}
+
+void StartWindowSystem(int argumentCount, char** arguments, const ApplicationIdentity& identity) {
+    // The window system keeps references to both for as long as it lives.
+    static int count = 0;
+    count = argumentCount;
+    QCoreApplication::setApplicationName(ToQString(identity.desktopEntry));
+    QCoreApplication::setApplicationVersion(ToQString(identity.version));
+    TheDisplayName() = ToQString(identity.name);
+    QGuiApplication::setDesktopFileName(ToQString(identity.desktopEntry));
+    constexpr const char* kPlugins = "QT_QPA_PLATFORM";
+    const QByteArray plugins = PluginsFor(qgetenv("WAYLAND_DISPLAY"), qgetenv("DISPLAY"), qgetenv(kPlugins));
+    if (!plugins.isEmpty()) {
+        qputenv(kPlugins, plugins);
+    }
+    // Lives until the process ends; taking it down has no purpose and its order is full of traps.
+    auto* application = new QApplication(count, arguments);
+    if (!plugins.isEmpty()) {
+        qunsetenv(kPlugins); // What the application opens makes its own choice.
+    }
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QIcon icon;
+    const QString resources = QFile::decodeName(QByteArray::fromStdString(ResourcesFolder()->NativePath()));
+    for (const std::string& file : identity.iconFiles) {
+        icon.addFile(resources + QLatin1Char('/') + ToQString(file));
+    }
+    QGuiApplication::setWindowIcon(icon);
+    application->installEventFilter(new ShortcutWatch(application));
+    InstallAccessibility();
+    MakeDimmedTextReadable();
+}
+
+} // namespace folimark

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "NativeControl.h"
+#include "WindowFrame.h"
+
+#include <QPointer>
+
+namespace folimark {
+
+/// The widget behind a window. The window system owns it, so it may have gone.
+struct NativeWindow {
+    QPointer<WindowFrame> frame;
+};
+
+/// Makes the keyboard focus go from `first` to `second`.
+void SetTabOrder(const NativeControl& first, const NativeControl& second);
+
+} // namespace folimark

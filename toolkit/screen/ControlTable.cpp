@@ -1,0 +1,68 @@
+#include "ControlTable.h"
+
+#include "NativeWindow.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace folimark {
+namespace {
+
+Ref<RectControl> MakeControl(const ControlRow& row) {
+    const std::string text(row.text);
+    switch (row.controlClass) {
+    case ControlClass::Listbox: {
+        Ref<Listbox> list = New<Listbox>();
+        list->ColumnCount(row.columnCount);
+        list->HasHeading(row.hasHeading);
+        list->HorizontalScrollBar(row.horizontalScrollBar);
+        list->InitialValue(std::string(row.initialValue));
+        list->ColumnWidths(std::string(row.columnWidths));
+        return list;
+    }
+    case ControlClass::Canvas:
+        return New<Canvas>();
+    case ControlClass::PushButton: {
+        Ref<PushButton> button = New<PushButton>();
+        button->Caption(text);
+        button->Default(row.isDefault);
+        button->Cancel(row.isCancel);
+        return button;
+    }
+    case ControlClass::Label: {
+        Ref<Label> label = New<Label>();
+        label->Text(text);
+        label->Align(row.align);
+        return label;
+    }
+    case ControlClass::TextField: {
+        Ref<TextField> field = New<TextField>();
+        field->Text(text);
+        return field;
+    }
+    case ControlClass::PopupMenu:
+        return New<PopupMenu>();
+    }
+    return {};
+}
+
+} // namespace
+
+void BuildControls(Window& window, std::span<const ControlRow> rows) {
+    std::vector<std::pair<int, Ref<RectControl>>> tabOrder;
+    for (const ControlRow& row : rows) {
+        const Ref<RectControl> control = MakeControl(row);
+        window.AddControl(control, row.name, row.left, row.top, row.width, row.height);
+        control->HelpTag(std::string(row.helpTag));
+        control->AccessibleName(std::string(row.accessibleName));
+        control->Enabled(row.enabled);
+        control->Visible(row.visible);
+        tabOrder.emplace_back(row.tabIndex, control);
+    }
+    std::ranges::stable_sort(tabOrder, {}, &std::pair<int, Ref<RectControl>>::first);
+    for (std::size_t i = 1; i < tabOrder.size(); ++i) {
+        SetTabOrder(tabOrder[i - 1].second->Native(), tabOrder[i].second->Native());
+    }
+}
+
+} // namespace folimark

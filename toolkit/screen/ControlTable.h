@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Canvas.h"
+#include "Label.h"
+#include "Listbox.h"
+#include "PopupMenu.h"
+#include "PushButton.h"
+#include "TextField.h"
+#include "Toolbar.h"
+#include "Window.h"
+
+#include <cstdint>
+#include <span>
+
+namespace folimark {
+
+enum class ControlClass : std::uint8_t { Listbox, Canvas, PushButton, Label, TextField, PopupMenu };
+
+/// One row of a window's table of controls, which stand in the order in which the controls are made.
+/// Positions and sizes are logical pixels in the window's content. The members from `columnCount` on are for
+/// lists.
+struct ControlRow {
+    std::string_view name{};
+    ControlClass controlClass = ControlClass::Label;
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    int tabIndex = 0;        ///< the keyboard focus goes through the window in this order
+    std::string_view text{}; ///< caption or text
+    std::string_view helpTag{};
+    std::string_view accessibleName{}; ///< where the text alone says too little
+    TextAlign align = TextAlign::Left;
+    bool enabled = true;
+    bool visible = true;
+    bool isDefault = false;
+    bool isCancel = false;
+    int columnCount = 1;
+    std::string_view columnWidths{};
+    std::string_view initialValue{};
+    bool hasHeading = false;
+    bool horizontalScrollBar = false;
+};
+
+/// Makes the controls of `rows` in `window`.
+void BuildControls(Window& window, std::span<const ControlRow> rows);
+
+} // namespace folimark

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+
+namespace folimark {
+
+/// The one place through which events enter the application. It runs `handler` and catches all that leaves
+/// it: an EndException ends the event quietly, anything else goes to the application's handler of last
+/// resort, once. After that handler the application ends with exit status 1, since what is in memory can't be
+/// trusted any more; only failed input or output in a command (IOException) lets it go on. Once the
+/// application is ending no further event enters.
+void EnterApplication(const std::function<void()>& handler);
+
+/// Runs `start`, the application's first event, like any other, but for one thing: a failed input or output
+/// ends the application too, so that it never works with half of what it should have read.
+void StartApplication(const std::function<void()>& start);
+
+} // namespace folimark

@@ -1,0 +1,196 @@
+#include "Listbox.h"
+
+#include "ListView.h"
+#include "NativeWindow.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace folimark {
+namespace {
+
+std::vector<std::string> Split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text);
+    for (std::string part; std::getline(stream, part, separator);) {
+        parts.push_back(part);
+    }
+    return parts;
+}
+
+} // namespace
+
+void Listbox::MakeWidget(NativeWindow& window) {
+    auto* view = new ListView(*this, window.frame->Content());
+    view->setHorizontalScrollBarPolicy(horizontalScrollBar_ ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    Native().widget = view;
+    view->ShowColumns(columnWidths_);
+}
+
+void Listbox::InitialValue(const std::string& text) {
+    std::vector<std::string> lines = Split(text, '\n');
+    if (hasHeading_ && !lines.empty()) {
+        headings_ = Split(lines.front(), '\t');
+        lines.erase(lines.begin());
+    }
+    for (const std::string& line : lines) {
+        AddRow(Split(line, '\t'));
+    }
+}
+
+void Listbox::AddRow(const std::vector<std::string>& cells) {
+    rows_.AddRow(cells);
+    if (auto* view = Native().As<ListView>()) {
+        view->RowAdded();
+    }
+}
+
+void Listbox::RemoveRow(std::int64_t row) {
+    if (row < 0 || row > LastIndex()) {
+        throw OutOfBoundsException("A list has no row " + std::to_string(row) + " to remove.");
+    }
+    auto* view = Native().As<ListView>();
+    if (view != nullptr) {
+        view->BeginRemove(row);
+    }
+    rows_.RemoveRow(row);
+    const bool wasSelected = row == listIndex_;
+    if (wasSelected) {
+        listIndex_ = -1;
+    } else if (row < listIndex_) {
+        --listIndex_; // The selected row itself has moved up.
+    }
+    if (view != nullptr) {
+        view->EndRemove();
+    }
+    if (wasSelected) {
+        RaiseChange();
+    }
+}
+
+void Listbox::DeleteAllRows() {
+    rows_.DeleteAllRows();
+    listIndex_ = -1;
+    if (auto* view = Native().As<ListView>()) {
+        view->Reset();
+    }
+}
+
+void Listbox::ListIndex(std::int64_t row) {
+    if (row < -1 || row > LastIndex()) {
+        throw OutOfBoundsException("A list has no row " + std::to_string(row) + " to select.");
+    }
+    const bool changes = row != listIndex_;
+    listIndex_ = row;
+    if (auto* view = Native().As<ListView>()) {
+        view->ShowSelection();
+    }
+    if (changes) {
+        RaiseChange();
+    }
+}
+
+void Listbox::Cell(std::int64_t row, int column, const std::string& text) {
+    rows_.Cell(row, column, text);
+    if (auto* view = Native().As<ListView>()) {
+        view->CellChanged(row, column);
+    }
+}
+
+void Listbox::ColumnWidths(const std::string& widths) {
+    columnWidths_ = widths;
+    if (auto* view = Native().As<ListView>()) {
+        view->ShowColumns(widths);
+    }
+}
+
+void Listbox::CheckColumn(int column) const {
+    if (column < 0 || column >= columnCount_) {
+        throw OutOfBoundsException("A list has no column " + std::to_string(column) + ".");
+    }
+}
+
+int Listbox::ColumnAlignment(int column) const {
+    const auto index = static_cast<std::size_t>(column);
+    return index < alignments_.size() ? alignments_[index] : kAlignLeft;
+}
+
+void Listbox::ColumnAlignment(int column, int alignment) {
+    CheckColumn(column);
+    alignments_.resize(static_cast<std::size_t>(columnCount_), kAlignLeft);
+    alignments_[static_cast<std::size_t>(column)] = alignment;
+    Refresh();
+}
+
+int Listbox::ColumnSortDirection(int column) const {
+    const auto index = static_cast<std::size_t>(column);
+    return index < directions_.size() ? directions_[index] : kAscending;
+}
+
+void Listbox::ColumnSortDirection(int column, int direction) {
+    CheckColumn(column);
+    directions_.resize(static_cast<std::size_t>(columnCount_), kAscending);
+    directions_[static_cast<std::size_t>(column)] = direction;
+}
+
+void Listbox::SortedColumn(int column) {
+    CheckColumn(column);
+    sortedColumn_ = column;
+}
+
+void Listbox::Sort() {
+    CheckColumn(sortedColumn_);
+    const bool ascending = ColumnSortDirection(sortedColumn_) != kDescending;
+    const std::vector<std::int64_t> places = rows_.Sort(sortedColumn_, ascending);
+    if (listIndex_ >= 0) {
+        listIndex_ = places[static_cast<std::size_t>(listIndex_)];
+    }
+    if (auto* view = Native().As<ListView>()) {
+        view->Sorted(sortedColumn_, ascending);
+    }
+}
+
+void Listbox::ClickHeading(int column) {
+    FromUser([this, column] {
+        const bool again = column == sortedColumn_;
+        ColumnSortDirection(column, again ? -ColumnSortDirection(column) : kAscending);
+        SortedColumn(column);
+        Sort();
+    });
+}
+
+void Listbox::SelectByUser(std::int64_t row) {
+    FromUser([this, row] {
+        if (row == listIndex_) {
+            RaiseChange();
+        } else {
+            ListIndex(std::min(row, LastIndex()));
+        }
+    });
+}
+
+void Listbox::DoubleClickByUser() {
+    FromUser([this] {
+        if (const auto handler = DoubleClick) {
+            handler(*this);
+        }
+    });
+}
+
+bool Listbox::PaintCellBackground(Graphics& graphics, std::int64_t row, int column) {
+    bool painted = false;
+    FromUser([&] {
+        if (CellBackgroundPaint) {
+            painted = CellBackgroundPaint(*this, graphics, row, column);
+        }
+    });
+    return painted;
+}
+
+void Listbox::RaiseChange() {
+    if (const auto handler = Change) {
+        handler(*this);
+    }
+}
+
+} // namespace folimark

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "Graphics.h"
+#include "ListRows.h"
+#include "RectControl.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace folimark {
+
+/// A list of rows with one or more columns, sortable by its headings. Rows and columns count from 0; a
+/// ListIndex of -1 means that no row is selected. Rows are 16 logical pixels high. A row index outside the
+/// list raises OutOfBoundsException everywhere.
+///
+/// New rows reach the screen in batches, when the event loop runs. A double click, and Return on the selected
+/// row, raise DoubleClick. A click on the row that is selected already raises Change again, so that a person
+/// can ask for a fresh look.
+class Listbox : public RectControl {
+  public:
+    static constexpr int kRowHeight = 16;
+
+    /// Adds one row at the end, one text for each column.
+    void AddRow(const std::vector<std::string>& cells);
+    void RemoveRow(std::int64_t row);
+    void DeleteAllRows();
+    std::int64_t LastIndex() const { return rows_.LastIndex(); }
+
+    std::int64_t ListIndex() const { return listIndex_; }
+    /// Selects a row, or none with -1, and raises Change if the selection changes, before it returns.
+    void ListIndex(std::int64_t row);
+
+    std::string Cell(std::int64_t row, int column) const { return std::string(rows_.Cell(row, column)); }
+    void Cell(std::int64_t row, int column, const std::string& text);
+    std::string RowTag(std::int64_t row) const { return std::string(rows_.RowTag(row)); }
+    void RowTag(std::int64_t row, const std::string& tag) { rows_.RowTag(row, tag); }
+
+    int ColumnCount() const { return columnCount_; }
+    void ColumnCount(int count) { columnCount_ = count; }
+    bool HasHeading() const { return hasHeading_; }
+    void HasHeading(bool has) { hasHeading_ = has; }
+    /// The headings, separated by tabs if the list has any; then a first row for each further line.
+    void InitialValue(const std::string& text);
+    const std::vector<std::string>& Headings() const { return headings_; }
+    void HorizontalScrollBar(bool has) { horizontalScrollBar_ = has; }
+
+    /// All columns' widths in logical pixels, joined by ","; 0 hides a column. The last column takes what is
+    /// left over, as does every column of a list whose widths are "".
+    const std::string& ColumnWidths() const { return columnWidths_; }
+    void ColumnWidths(const std::string& widths);
+    static constexpr int kAlignLeft = 1;
+    static constexpr int kAlignRight = 3;
+    int ColumnAlignment(int column) const;
+    void ColumnAlignment(int column, int alignment);
+
+    static constexpr int kAscending = 1;
+    static constexpr int kDescending = -1;
+    int ColumnSortDirection(int column) const;
+    void ColumnSortDirection(int column, int direction);
+    int SortedColumn() const { return sortedColumn_; }
+    void SortedColumn(int column);
+    /// Sorts the rows by the text of SortedColumn in its direction. The selection goes with its row, and no
+    /// Change is raised.
+    void Sort();
+
+    /// The selection changed, by the user or by a write to ListIndex.
+    std::function<void(Listbox&)> Change;
+    std::function<void(Listbox&)> DoubleClick;
+    /// Paints a cell's background; comes for visible cells, and for the empty rows behind the last one. False
+    /// lets the list draw the cell's text on top.
+    std::function<bool(Listbox&, Graphics&, std::int64_t row, int column)> CellBackgroundPaint;
+
+    /// For the list's view.
+    const ListRows& Rows() const { return rows_; }
+    void SelectByUser(std::int64_t row);
+    void DoubleClickByUser();
+    void ClickHeading(int column);
+    bool PaintCellBackground(Graphics& graphics, std::int64_t row, int column);
+
+  protected:
+    void MakeWidget(NativeWindow& window) override;
+
+  private:
+    void CheckColumn(int column) const;
+    void RaiseChange();
+
+    ListRows rows_;
+    std::vector<std::string> headings_;
+    std::vector<int> alignments_;
+    std::vector<int> directions_;
+    std::string columnWidths_;
+    std::int64_t listIndex_ = -1;
+    int columnCount_ = 1;
+    int sortedColumn_ = -1;
+    bool hasHeading_ = false;
+    bool horizontalScrollBar_ = false;
+};
+
+} // namespace folimark

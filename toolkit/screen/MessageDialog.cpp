@@ -1,0 +1,64 @@
+#include "MessageDialog.h"
+
+#include "Application.h"
+#include "NativeApplication.h"
+#include "PlatformText.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace folimark {
+namespace {
+
+QPushButton* AddButton(QMessageBox& box, const MessageDialogButton& button, QMessageBox::ButtonRole role) {
+    return button.Visible() ? box.addButton(AsCaption(button.Caption()), role) : nullptr;
+}
+
+/// Texts may hold folders' names, which are no markup.
+void SetPlainText(QMessageBox& box, const std::string& message, const std::string& explanation) {
+    box.setTextFormat(Qt::PlainText);
+    box.setText(AsDisplayed(message));
+    box.setInformativeText(AsDisplayed(explanation));
+}
+
+} // namespace
+
+MessageDialog::MessageDialog()
+    : action_(New<MessageDialogButton>()), cancel_(New<MessageDialogButton>()),
+      alternate_(New<MessageDialogButton>()) {
+    action_->Caption("OK");
+    action_->Visible(true);
+}
+
+Ref<MessageDialogButton> MessageDialog::ShowModal() {
+    QMessageBox box;
+    box.setWindowTitle(DisplayName());
+    SetPlainText(box, message_, explanation_);
+    box.setIcon(icon_ == kCautionIcon ? QMessageBox::Warning
+                : icon_ == kNoteIcon  ? QMessageBox::Information
+                                      : QMessageBox::NoIcon);
+    QPushButton* action = AddButton(box, *action_, QMessageBox::AcceptRole);
+    QPushButton* cancel = AddButton(box, *cancel_, QMessageBox::RejectRole);
+    const QPushButton* alternate = AddButton(box, *alternate_, QMessageBox::DestructiveRole);
+    box.setDefaultButton(action);
+    box.setEscapeButton(cancel != nullptr ? cancel : action);
+    box.exec();
+    if (IsQuitting()) {
+        throw EndException();
+    }
+    const QAbstractButton* pressed = box.clickedButton();
+    if (pressed != nullptr && pressed == alternate) {
+        return alternate_;
+    }
+    return pressed != nullptr && pressed == cancel ? cancel_ : action_;
+}
+
+void MsgBox(const std::string& text) {
+    QMessageBox box;
+    box.setWindowTitle(DisplayName());
+    SetPlainText(box, text, "");
+    box.addButton(QMessageBox::Ok);
+    box.exec();
+}
+
+} // namespace folimark

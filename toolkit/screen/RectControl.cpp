@@ -1,0 +1,99 @@
+#include "RectControl.h"
+
+#include "EventGate.h"
+#include "NativeControl.h"
+#include "NativeWindow.h"
+#include "PlatformText.h"
+#include "Window.h"
+
+namespace folimark {
+
+RectControl::RectControl() : native_(std::make_unique<NativeControl>()) {}
+
+RectControl::~RectControl() = default;
+
+void RectControl::Attach(Window& owner, std::string name, int left, int top, int width, int height) {
+    owner_ = &owner;
+    name_ = std::move(name);
+    left_ = left;
+    top_ = top;
+    width_ = width;
+    height_ = height;
+    MakeWidget(owner.Native());
+    QWidget* widget = native_->widget;
+    widget->setObjectName(ToQString(name_));
+    if (width > 0) {
+        widget->setGeometry(left, top, width, height);
+    }
+}
+
+void RectControl::Detach() {
+    owner_ = nullptr;
+    native_->widget = nullptr;
+}
+
+void RectControl::Height(int height) {
+    height_ = height;
+    if (native_->widget) {
+        native_->widget->resize(native_->widget->width(), height);
+    }
+}
+
+void RectControl::Enabled(bool enabled) {
+    enabled_ = enabled;
+    if (native_->widget) {
+        native_->widget->setEnabled(enabled);
+    }
+}
+
+void RectControl::Visible(bool visible) {
+    const bool changes = visible != std::exchange(visible_, visible);
+    if (QWidget* widget = native_->widget; widget != nullptr && changes) {
+        const bool hadFocus = widget->window()->focusWidget() == widget;
+        widget->setVisible(visible);
+        if (visible && hiddenWithFocus_) {
+            widget->setFocus(Qt::OtherFocusReason);
+        }
+        hiddenWithFocus_ = !visible && hadFocus;
+    }
+}
+
+void RectControl::HelpTag(const std::string& text) {
+    helpTag_ = text;
+    if (native_->widget) {
+        native_->widget->setToolTip(AsToolTip(text));
+    }
+}
+
+void RectControl::AccessibleName(const std::string& name) {
+    if (native_->widget) {
+        native_->widget->setAccessibleName(ToQString(name));
+    }
+}
+
+void RectControl::Refresh(bool /*eraseBackground*/) {
+    if (native_->widget) {
+        native_->widget->repaint();
+    }
+}
+
+void RectControl::SetFocus() {
+    if (native_->widget) {
+        native_->widget->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void RectControl::FromUser(const std::function<void()>& handler) const {
+    if (owner_ != nullptr) {
+        const Ref<Window> keptAlive(owner_);
+        EnterApplication(handler);
+    }
+}
+
+void SetTabOrder(const NativeControl& first, const NativeControl& second) {
+    if (first.widget && second.widget) {
+        QWidget::setTabOrder(first.widget, second.widget);
+    }
+}
+
+} // namespace folimark

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "Object.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace folimark {
+
+class Window;
+struct NativeControl;
+struct NativeWindow;
+
+/// The common base of all controls. It holds a control's properties; the widget that shows them belongs to
+/// the window system and goes with the window, after which the properties still answer and writing them does
+/// no harm. Positions and sizes are logical pixels, relative to the window's content.
+class RectControl : public Object {
+  public:
+    ~RectControl() override;
+
+    const std::string& Name() const { return name_; }
+    int Left() const { return left_; }
+    int Top() const { return top_; }
+    int Width() const { return width_; }
+    int Height() const { return height_; }
+    void Height(int height);
+
+    bool Enabled() const { return enabled_; }
+    /// A disabled control takes no input and looks dimmed.
+    void Enabled(bool enabled);
+    bool Visible() const { return visible_; }
+    /// A control that had the keyboard focus when it was hidden has it again when it is shown.
+    void Visible(bool visible);
+    /// Tooltip; a Chr(13) breaks the line.
+    const std::string& HelpTag() const { return helpTag_; }
+    void HelpTag(const std::string& text);
+    /// The name under which assistive technology announces the control; its caption or text if "".
+    void AccessibleName(const std::string& name);
+
+    /// Redraws the control now, its background erased first.
+    void Refresh(bool eraseBackground = true);
+    void SetFocus();
+
+    /// Raised once, when the control exists and before its window's own Open.
+    std::function<void()> Open;
+
+    /// For the toolkit: the widget behind the control, which may have gone.
+    NativeControl& Native() const { return *native_; }
+
+  protected:
+    RectControl();
+
+    /// Makes the widget in `window`; called once, when the window takes the control.
+    virtual void MakeWidget(NativeWindow& window) = 0;
+
+    /// Runs `handler` as an event that the user caused, with the window kept alive until it returns.
+    void FromUser(const std::function<void()>& handler) const;
+
+  private:
+    friend class Window;
+    void Attach(Window& owner, std::string name, int left, int top, int width, int height);
+    void Detach();
+
+    std::unique_ptr<NativeControl> native_;
+    Window* owner_ = nullptr;
+    std::string name_;
+    std::string helpTag_;
+    int left_ = 0;
+    int top_ = 0;
+    int width_ = 0;
+    int height_ = 0;
+    bool enabled_ = true;
+    bool visible_ = true;
+    bool hiddenWithFocus_ = false;
+};
+
+} // namespace folimark

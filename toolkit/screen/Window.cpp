@@ -1,0 +1,229 @@
+#include "Window.h"
+
+#include "Application.h"
+#include "Canvas.h"
+#include "EventGate.h"
+#include "MenuBarBuilder.h"
+#include "NativeWindow.h"
+#include "OpenWindowList.h"
+#include "PictureSurface.h"
+#include "PlatformText.h"
+
+#include <QEventLoop>
+
+namespace folimark {
+
+Window::Window() : native_(std::make_unique<NativeWindow>()) {}
+
+Window::~Window() {
+    // Widgets that are still there belong to a window that was never shown, and look into its controls.
+    if (native_->frame) {
+        native_->frame->Release();
+        delete native_->frame.data();
+    }
+}
+
+void Window::Build() {
+    // Events that arrive while the window is built need a handle on it; the first one must not end it.
+    const Ref<Window> self(this);
+    KeepAlive(self);
+    Layout();
+    if (!menuBar_ && CurrentApplication() != nullptr) {
+        menuBar_ = CurrentApplication()->MenuBar();
+    }
+    native_->frame->Prepare();
+    CreateControls();
+    AddMenuHandlers(*this);
+    if (menuBar_) {
+        BuildMenuBar(*this);
+    }
+    for (const Ref<RectControl>& control : controls_) {
+        if (const auto handler = control->Open) {
+            handler();
+        }
+    }
+    native_->frame->Prepare();
+    Event_Open();
+}
+
+void Window::Apply(const WindowLayout& layout) {
+    layout_ = layout;
+    title_ = std::string(layout.title);
+    native_->frame = new WindowFrame(*this, layout);
+}
+
+void Window::AddMenuHandlers(Window& /*window*/) {}
+
+void Window::AddControl(Ref<RectControl> control, std::string_view name, int left, int top, int width,
+                        int height) {
+    control->Attach(*this, std::string(name), left, top, width, height);
+    controls_.push_back(std::move(control));
+}
+
+Ref<RectControl> Window::FindControl(std::string_view name) const {
+    for (const Ref<RectControl>& control : controls_) {
+        if (control->Name() == name) {
+            return control;
+        }
+    }
+    return {};
+}
+
+void Window::RaiseNoControl(std::string_view name) const {
+    throw NameNotFoundException(ClassNameOf(typeid(*this)) + " has no control “" + std::string(name)
+                                + "” of that class.");
+}
+
+void Window::Show() {
+    if (!native_->frame || state_ == State::Closing) {
+        return;
+    }
+    const Ref<Window> self(this);
+    if (state_ == State::Made) {
+        state_ = State::Open;
+        OpenWindowList().push_back(self);
+        native_->frame->Prepare();
+        if (layout_.frame == WindowLayout::kDocument) {
+            native_->frame->PlaceFirst();
+        }
+    }
+    native_->frame->setWindowState((native_->frame->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    native_->frame->show();
+    native_->frame->raise();
+    native_->frame->activateWindow();
+    RunFirstActivate();
+}
+
+void Window::ShowModal() {
+    if (!native_->frame) {
+        return;
+    }
+    const Ref<Window> self(this);
+    QEventLoop loop;
+    QObject::connect(native_->frame, &QObject::destroyed, &loop, &QEventLoop::quit);
+    native_->frame->setWindowModality(Qt::ApplicationModal);
+    Show();
+    if (native_->frame) {
+        loop.exec();
+    }
+    if (IsQuitting()) {
+        throw EndException();
+    }
+}
+
+void Window::RunFirstActivate() {
+    if (!activated_) {
+        activated_ = true;
+        Event_Activate();
+    }
+}
+
+void Window::ActivatedByUser() {
+    // Before Show has run the first Activate itself, the window system's word is ahead of the order of
+    // events.
+    if (activated_) {
+        const Ref<Window> self(this);
+        Event_Activate();
+    }
+}
+
+void Window::Close() {
+    if (!native_->frame || state_ == State::Closing) {
+        return;
+    }
+    const Ref<Window> self(this);
+    const State before = std::exchange(state_, State::Closing);
+    if (Event_CancelClose(IsQuitting())) {
+        state_ = before;
+        return;
+    }
+    // The window goes down also when its Close event fails.
+    struct Finally {
+        Window& window;
+        ~Finally() { window.TakeDown(); }
+    } const finally{*this};
+    Event_Close();
+}
+
+void Window::TakeDown() {
+    state_ = State::Closed;
+    for (const Ref<RectControl>& control : controls_) {
+        control->Detach();
+    }
+    if (native_->frame) {
+        native_->frame->Release();
+        native_->frame->hide();
+        // The widgets look into the controls until they go, a little later.
+        QObject::connect(native_->frame, &QObject::destroyed, [self = Ref<Window>(this)] {});
+        native_->frame->deleteLater();
+        native_->frame = nullptr;
+    }
+    ForgetOpenWindow(*this);
+}
+
+int Window::ControlCount() const {
+    return native_->frame ? static_cast<int>(controls_.size()) : 0;
+}
+
+Ref<folimark::Graphics> Window::Graphics() {
+    /// Draws under the controls; a canvas that is cleared as a whole goes blank with it.
+    class WindowSurface : public folimark::Graphics::Surface {
+      public:
+        explicit WindowSurface(Window& window) : window_(&window) {}
+        int Width() const override { return window_->Width(); }
+        int Height() const override { return window_->Height(); }
+        void FillRect(int x, int y, int width, int height, Color color) override {
+            Under().FillRect(x, y, width, height, color);
+        }
+        void ClearRect(int x, int y, int width, int height) override {
+            if (window_->native_->frame && window_->native_->frame->Content()->HasUnderlay()) {
+                Under().ClearRect(x, y, width, height);
+            }
+            for (const Ref<RectControl>& control : window_->controls_) {
+                const bool inside = control->Left() >= x && control->Top() >= y
+                                    && control->Left() + control->Width() <= x + width
+                                    && control->Top() + control->Height() <= y + height;
+                if (const Ref<Canvas> canvas = control.As<Canvas>(); canvas && inside) {
+                    canvas->ShowBlank();
+                }
+            }
+        }
+        void DrawPicture(const Picture& picture, int x, int y, int width, int height, int sourceX,
+                         int sourceY, int sourceWidth, int sourceHeight) override {
+            Under().DrawPicture(picture, x, y, width, height, sourceX, sourceY, sourceWidth, sourceHeight);
+        }
+        void DrawText(const std::string& text, int x, int y, int width, int height, Color color) override {
+            Under().DrawText(text, x, y, width, height, color);
+        }
+
+      private:
+        /// Made at the first need: most windows never draw on themselves.
+        folimark::Graphics::Surface& Under() {
+            if (!under_) {
+                WindowFrame* frame = window_->native_->frame;
+                under_ = SurfaceOf(frame != nullptr ? frame->Content()->Underlay() : nothing_);
+            }
+            return *under_;
+        }
+
+        Ref<Window> window_;
+        NativePicture nothing_;
+        std::unique_ptr<folimark::Graphics::Surface> under_;
+    };
+    return New<folimark::Graphics>(std::make_unique<WindowSurface>(*this));
+}
+
+void Window::ResizedByUser(bool ended) {
+    const Ref<Window> self(this);
+    if (ended) {
+        Event_Resized();
+    } else {
+        Event_Resizing();
+    }
+}
+
+bool Window::KeyDownByUser(const std::string& key) {
+    return !key.empty() && Event_KeyDown(key);
+}
+
+} // namespace folimark

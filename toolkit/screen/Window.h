@@ -1,0 +1,153 @@
+#pragma once
+
+#include "Graphics.h"
+#include "MenuBar.h"
+#include "RectControl.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace folimark {
+
+struct NativeWindow;
+
+/// What is fixed about a kind of window. Sizes are those of the content, in logical pixels.
+struct WindowLayout {
+    static constexpr int kDocument = 0;
+    static constexpr int kSheet = 8;
+
+    std::string_view title{};
+    int width = 0;
+    int height = 0;
+    int minHeight = 0;
+    int maxHeight = 0; ///< the width is fixed for all of the application's windows
+    int frame = kDocument;
+    bool closeButton = true;
+    bool minimizeButton = true;
+    bool resizeable = false;
+    bool hasBackColor = true;
+    Color backColor = 0xFFFFFF;
+};
+
+/// A window. The toolkit owns it from the moment that it is shown until it has closed; handles on it stay
+/// valid objects after that: a closed window has no controls, and whatever is asked of it does no harm.
+///
+/// A derived class calls Build as the last thing that its constructor does: that lays the window out, makes
+/// its controls, connects its menu handlers and then raises the controls' Open events and the window's own.
+/// The first Activate comes inside the first Show.
+class Window : public Object {
+  public:
+    ~Window() override;
+
+    /// Makes the window visible and brings it to the front. What the first Activate raises leaves this call.
+    void Show();
+    /// Shows the window and blocks until it has closed; no other window takes input meanwhile.
+    void ShowModal();
+    /// Closes the window, unless CancelClose keeps it open. Without effect on a closed window.
+    void Close();
+
+    /// The content's place on the screen: what was set is what is read, whatever frame the window manager
+    /// draws around it.
+    int Left() const;
+    void Left(int left);
+    int Top() const;
+    void Top(int top);
+    int Width() const;
+    /// Height of the content, without the menu bar and the toolbar.
+    int Height() const;
+    void Height(int height);
+
+    const std::string& Title() const { return title_; }
+    void Title(const std::string& title);
+    Color BackColor() const;
+    /// How many controls the window has; 0 once it has closed.
+    int ControlCount() const;
+    /// The surface of the whole content. What it clears is blank until it is drawn anew.
+    Ref<folimark::Graphics> Graphics();
+
+    Ref<folimark::MenuBar> MenuBar() const { return menuBar_; }
+    void MenuBar(Ref<folimark::MenuBar> bar) { menuBar_ = std::move(bar); }
+    /// Connects the menu item of that name with a handler, which answers whether the command is done.
+    void MenuHandler(const std::string& itemName, std::function<bool()> handler);
+
+    /// Takes a control into the window; the builder of control tables calls it.
+    void AddControl(Ref<RectControl> control, std::string_view name, int left, int top, int width,
+                    int height);
+
+    /// For the toolkit.
+    NativeWindow& Native() const { return *native_; }
+    bool HasMenuHandler(const std::string& itemName) const { return menuHandlers_.contains(itemName); }
+    void ChooseMenuItem(const Ref<MenuItem>& item);
+    void UpdateMenuItems();
+    void ActivatedByUser();
+    void ResizedByUser(bool ended);
+    bool KeyDownByUser(const std::string& key);
+    const std::vector<Ref<RectControl>>& Controls() const { return controls_; }
+
+    /// \name Events
+    /// @{
+    virtual void Event_Open() {}
+    /// The window has become the front window.
+    virtual void Event_Activate() {}
+    virtual void Event_Close() {}
+    /// Asked before Close; True keeps the window open.
+    virtual bool Event_CancelClose(bool /*appQuitting*/) { return false; }
+    /// A resize by the user has ended.
+    virtual void Event_Resized() {}
+    /// The user is dragging the window's size.
+    virtual void Event_Resizing() {}
+    /// A key was pressed that no control took; True if it has been used.
+    virtual bool Event_KeyDown(const std::string& /*key*/) { return false; }
+    /// The menus are about to be shown or a shortcut is about to be tried.
+    virtual void Event_EnableMenuItems() {}
+    /// @}
+
+  protected:
+    Window();
+
+    void Build();
+    virtual void Layout() = 0;
+    virtual void CreateControls() = 0;
+    virtual void AddMenuHandlers(Window& window);
+    /// Sets all of a window's fixed properties.
+    void Apply(const WindowLayout& layout);
+
+    /// The control of that name as an object of its class. Raises NameNotFoundException for any other name.
+    template <class ControlClass>
+    Ref<ControlClass> Control(std::string_view name) const {
+        Ref<ControlClass> control = FindControl(name).template As<ControlClass>();
+        if (!control) {
+            RaiseNoControl(name);
+        }
+        return control;
+    }
+
+  private:
+    Ref<RectControl> FindControl(std::string_view name) const;
+    [[noreturn]] void RaiseNoControl(std::string_view name) const;
+    void RunFirstActivate();
+    void TakeDown();
+
+    enum class State : std::uint8_t { Made, Open, Closing, Closed };
+
+    std::unique_ptr<NativeWindow> native_;
+    WindowLayout layout_;
+    std::string title_;
+    Ref<folimark::MenuBar> menuBar_;
+    std::map<std::string, std::function<bool()>> menuHandlers_;
+    std::vector<Ref<RectControl>> controls_;
+    int left_ = 0;
+    int top_ = 0;
+    int height_ = 0;
+    State state_ = State::Made;
+    bool activated_ = false;
+};
+
+/// All windows that are open, in the order in which they were shown first.
+const std::vector<Ref<Window>>& OpenWindows();
+
+} // namespace folimark
