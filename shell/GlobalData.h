@@ -1,0 +1,41 @@
+#pragma once
+
+#include "FolderItem.h"
+#include "MediaStrings.h"
+#include "Window.h"
+
+#include <cstdint>
+#include <string>
+
+/// What the application's windows tell each other, and the messages that all of them show.
+namespace folimark::GlobalData {
+
+/// The folder of the album that was last created, opened or revealed, not that of any particular window.
+extern Ref<FolderItem> CatalogFolder;
+/// The Albums window, of which lower levels need no more than that it is a window. Set once, at start.
+extern Ref<Window> CatalogsWindow;
+/// Was the last message sheet answered with its cancel button?
+extern bool CancelButtonPressed;
+
+/// The last accepted search, which all album windows share.
+extern std::string HighlightPhrase1;
+extern std::string HighlightPhrase2;
+/// How the phrases are joined; the numbers of the rows in the dialog's pop-up menu.
+enum HighlightJoin : std::int64_t { kFirstAlone = 0, kBoth = 1, kEither = 2, kFirstButNotSecond = 3 };
+extern std::int64_t HighlightType;
+/// Was the last highlight dialog left with OK?
+extern bool HighlightOK;
+
+/// Shows a notice with one button and waits for it. Kinds: 0 shows no icon, 1 a note's, 2 to 4 a caution's.
+void MessageBox1(std::int64_t kind, const std::string& actionCaption, const std::string& message,
+                 const std::string& explanation);
+/// Shows a question with two buttons and waits for one; CancelButtonPressed then tells which.
+void MessageBox2(std::int64_t kind, const std::string& actionCaption, const std::string& cancelCaption,
+                 const std::string& message, const std::string& explanation);
+/// Opens the help page in the default application for web pages, or says that it is missing.
+void LaunchHelpSheet();
+
+/// Shows what the application is and what it stands on.
+void ShowAboutPanel();
+
+} // namespace folimark::GlobalData

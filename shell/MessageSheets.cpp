@@ -1,0 +1,67 @@
+#include "Application.h"
+#include "GlobalData.h"
+#include "MessageDialog.h"
+
+namespace folimark::GlobalData {
+namespace {
+
+/// A sheet with its icon, its action button and its texts.
+Ref<MessageDialog> MakeSheet(std::int64_t kind, const std::string& actionCaption, const std::string& message,
+                             const std::string& explanation) {
+    Ref<MessageDialog> sheet = New<MessageDialog>();
+    switch (kind) {
+    case 0:
+        sheet->Icon(MessageDialog::kNoIcon);
+        break;
+    case 1:
+        sheet->Icon(MessageDialog::kNoteIcon);
+        break;
+    case 2:
+    case 3:
+    case 4:
+        sheet->Icon(MessageDialog::kCautionIcon);
+        break;
+    default:
+        break;
+    }
+    sheet->ActionButton()->Caption(actionCaption);
+    sheet->AlternateActionButton()->Visible(false);
+    sheet->Message(message);
+    sheet->Explanation(explanation);
+    return sheet;
+}
+
+} // namespace
+
+void MessageBox1(std::int64_t kind, const std::string& actionCaption, const std::string& message,
+                 const std::string& explanation) {
+    const Ref<MessageDialog> sheet = MakeSheet(kind, actionCaption, message, explanation);
+    sheet->CancelButton()->Visible(false);
+    sheet->ShowModal();
+    CancelButtonPressed = false;
+}
+
+void MessageBox2(std::int64_t kind, const std::string& actionCaption, const std::string& cancelCaption,
+                 const std::string& message, const std::string& explanation) {
+    const Ref<MessageDialog> sheet = MakeSheet(kind, actionCaption, message, explanation);
+    sheet->CancelButton()->Visible(true);
+    sheet->CancelButton()->Caption(cancelCaption);
+    const Ref<MessageDialogButton> pressed = sheet->ShowModal();
+    CancelButtonPressed = false;
+    if (pressed == sheet->CancelButton()) {
+        CancelButtonPressed = true;
+    }
+}
+
+void LaunchHelpSheet() {
+    const Ref<FolderItem> executable = CurrentApplication()->ExecutableFile();
+    const Ref<FolderItem> contents = executable->Parent()->Parent();
+    const Ref<FolderItem> page = contents->Child("Resources")->Child("HelpSheet.html");
+    if (!page || !page->Exists()) {
+        MessageBox1(3, "OK", "The help resource is missing.", "Please add HelpSheet to Folimark resources.");
+        return;
+    }
+    page->Launch(true);
+}
+
+} // namespace folimark::GlobalData
