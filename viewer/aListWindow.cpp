@@ -1,0 +1,239 @@
+#include "aListWindow.h"
+
+#include "DefaultMenuBar.h"
+#include "Exceptions.h"
+#include "Look.h"
+#include "Yield.h"
+#include "aListWindow_Columns.h"
+
+namespace folimark {
+namespace {
+
+constexpr WindowLayout kLayout{
+    .width = 1470,
+    .height = 634,
+    .minHeight = 64,
+    .maxHeight = 700,
+    .frame = WindowLayout::kDocument,
+    .closeButton = true,
+    .minimizeButton = true,
+    .resizeable = false,
+    .hasBackColor = true,
+    .backColor = Look::kTint,
+};
+
+constexpr std::string_view kHighlightHelp =
+    "Click this button to highlight entries which meet the criteria which are specified in the dialog box "
+    "that "
+    "appears. The criteria are (1) a simple phrase (which may be any sequence of characters) that appear in "
+    "the "
+    "first column of the entries or (2) a combination of two such phrases connected by And, Or or But "
+    "Not.\r\r"
+    "The phrases are not case-sensitive, i.e., upper case and lower case letters are treated as the same "
+    "letter.\r\r"
+    "Entries are highlighted with a \"cantaloupe\" color.\r\r"
+    "Once multiple ntries have been highlighted, you may press tab to select the next highlighted entry, or "
+    "press shift-tab to select the previous highlighted entry.";
+
+constexpr ControlRow kControls[] = {
+    {.name = "TheListBox",
+     .controlClass = ControlClass::Listbox,
+     .left = 20,
+     .top = 52,
+     .width = 1110,
+     .height = 530,
+     .tabIndex = 0,
+     .accessibleName = "Media files in this album",
+     .columnCount = 5,
+     .columnWidths = kColumnsShown,
+     .initialValue = "Media files in this album \tCreated\tModified\tFile Size\tMedia",
+     .hasHeading = true},
+    {.name = "CountLabel",
+     .controlClass = ControlClass::Label,
+     .left = 458,
+     .top = 594,
+     .width = 235,
+     .height = 20,
+     .tabIndex = 3,
+     .text = "0 Media Files",
+     .helpTag = "The number of media files listed above is shown here.",
+     .align = TextAlign::Centre},
+    {.name = "TheCanvas",
+     .controlClass = ControlClass::Canvas,
+     .left = 1150,
+     .top = 52,
+     .width = 300,
+     .height = 300,
+     .tabIndex = 6,
+     .accessibleName = "Preview of the selected media file"},
+    {.name = "EditPushButton",
+     .controlClass = ControlClass::PushButton,
+     .left = 1200,
+     .top = 364,
+     .width = 200,
+     .height = 20,
+     .tabIndex = 5,
+     .text = "Open Media File  ⌘O"},
+    {.name = "FileReturn",
+     .controlClass = ControlClass::PushButton,
+     .left = 20,
+     .top = 594,
+     .width = 231,
+     .height = 20,
+     .tabIndex = 7,
+     .text = "Show Folimark Window  ⌘W",
+     .helpTag =
+         "Click this button to show the window listing folimark (say in case it's hidden) and make it the "
+         "active window.",
+     .isCancel = true},
+    {.name = "MaxButton",
+     .controlClass = ControlClass::PushButton,
+     .left = 968,
+     .top = 594,
+     .width = 162,
+     .height = 20,
+     .tabIndex = 8,
+     .text = "Hide Columns  ⌘H",
+     .helpTag = "Click this button to hide or show the Created, Modified and File Size columns."},
+    {.name = "AlbumLabel",
+     .controlClass = ControlClass::Label,
+     .left = 20,
+     .top = 20,
+     .width = 1430,
+     .height = 20,
+     .tabIndex = 9,
+     .text = "No Album",
+     .helpTag = "This is the list of folders leading to this album.",
+     .align = TextAlign::Centre},
+    {.name = "RemoveHighlightingPushButton",
+     .controlClass = ControlClass::PushButton,
+     .left = 1195,
+     .top = 562,
+     .width = 210,
+     .height = 20,
+     .tabIndex = 15,
+     .text = "Remove Highlighting  ⌘R",
+     .helpTag =
+         "If one or more entries have been highlighted, click on this button to remove all highlighting.",
+     .enabled = false},
+    {.name = "HighlightPushButton",
+     .controlClass = ControlClass::PushButton,
+     .left = 1225,
+     .top = 530,
+     .width = 151,
+     .height = 20,
+     .tabIndex = 16,
+     .text = "Highlight…  ⌘L",
+     .helpTag = kHighlightHelp},
+    {.name = "HighlightCountLabel",
+     .controlClass = ControlClass::Label,
+     .left = 1150,
+     .top = 594,
+     .width = 300,
+     .height = 20,
+     .tabIndex = 17,
+     .text = "0 Media Files Highlighted",
+     .helpTag = "The number of media files that are currently highlighted is shown here.",
+     .align = TextAlign::Centre},
+};
+
+} // namespace
+
+void aListWindow::Layout() {
+    MenuBar(DefaultMenuBar());
+    Apply(kLayout);
+}
+
+void aListWindow::CreateControls() {
+    _CreateControls0();
+}
+
+void aListWindow::_CreateControls0() {
+    BuildControls(*this, kControls);
+    TheListBox()->Change = [this](Listbox& list) { TheListBox_Change(list); };
+    TheListBox()->DoubleClick = [this](Listbox& list) { TheListBox_DoubleClick(list); };
+    TheListBox()->CellBackgroundPaint = [this](Listbox& list, class Graphics& graphics, std::int64_t row,
+                                               int column) {
+        return TheListBox_CellBackgroundPaint(list, graphics, row, column);
+    };
+    TheCanvas()->DoubleClick = [this](Canvas& canvas, int x, int y) { TheCanvas_DoubleClick(canvas, x, y); };
+    EditPushButton()->Action = [this](PushButton& button) { EditPushButton_Action(button); };
+    FileReturn()->Action = [this](PushButton& button) { FileReturn_Action(button); };
+    MaxButton()->Action = [this](PushButton& button) { MaxButton_Action(button); };
+    RemoveHighlightingPushButton()->Action = [this](PushButton& button) {
+        RemoveHighlightingPushButton_Action(button);
+    };
+    HighlightPushButton()->Action = [this](PushButton& button) { HighlightPushButton_Action(button); };
+}
+
+Ref<Listbox> aListWindow::TheListBox() const {
+    return Control<Listbox>("TheListBox");
+}
+Ref<Label> aListWindow::CountLabel() const {
+    return Control<Label>("CountLabel");
+}
+Ref<Canvas> aListWindow::TheCanvas() const {
+    return Control<Canvas>("TheCanvas");
+}
+Ref<PushButton> aListWindow::EditPushButton() const {
+    return Control<PushButton>("EditPushButton");
+}
+Ref<PushButton> aListWindow::FileReturn() const {
+    return Control<PushButton>("FileReturn");
+}
+Ref<PushButton> aListWindow::MaxButton() const {
+    return Control<PushButton>("MaxButton");
+}
+Ref<Label> aListWindow::AlbumLabel() const {
+    return Control<Label>("AlbumLabel");
+}
+Ref<PushButton> aListWindow::RemoveHighlightingPushButton() const {
+    return Control<PushButton>("RemoveHighlightingPushButton");
+}
+Ref<PushButton> aListWindow::HighlightPushButton() const {
+    return Control<PushButton>("HighlightPushButton");
+}
+Ref<Label> aListWindow::HighlightCountLabel() const {
+    return Control<Label>("HighlightCountLabel");
+}
+
+void aListWindow::Event_Open() {
+    Highlighted.Redim(0);
+    Opened = true;
+}
+
+void aListWindow::Event_Activate() {
+    if (Opened) {
+        Opened = false;
+        MakeAndShowCatalog();
+    }
+}
+
+bool aListWindow::Event_CancelClose(bool /*appQuitting*/) {
+    return false;
+}
+
+void aListWindow::Yield() {
+    RuntimeBackgroundTask();
+    if (ControlCount() == 0) {
+        throw EndException();
+    }
+}
+
+void aListWindow::TheListBox_Change(Listbox& list) {
+    try {
+        if (list.ListIndex() > list.LastIndex() || list.ListIndex() < 0) {
+            list.ListIndex(list.LastIndex());
+        }
+        DrawCatalogItem();
+    } catch (const OutOfBoundsException&) {
+        list.ListIndex(list.LastIndex());
+        DrawCatalogItem();
+    }
+}
+
+void aListWindow::TheListBox_DoubleClick(Listbox& /*list*/) {
+    // No command in this list: files open from the button, the canvas and the menu.
+}
+
+} // namespace folimark

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "Array.h"
+#include "ControlTable.h"
+#include "FolderItem.h"
+#include "Window.h"
+
+#include <string>
+
+namespace folimark {
+
+/// The window of one open album. It fills itself at its first activation, which comes inside Show: what goes
+/// wrong then leaves Show. Rows show the files as they were at that moment; only closing the album and
+/// opening it again looks anew.
+///
+/// While a loop of this window yields, the window may be closed; the loop then ends with an EndException.
+class aListWindow : public Window {
+  public:
+    aListWindow() { Build(); }
+
+    bool Opened = false;
+    /// The album's folder.
+    Ref<FolderItem> WindowCatalogFolder;
+    /// Are the three middle columns hidden?
+    bool Maximized = false;
+    /// The dialog of the last Highlight command.
+    Ref<Window> HighlightWindow;
+    /// One flag for each row's position; sorting by a heading moves the rows and not the flags.
+    Array<bool> Highlighted;
+    std::int64_t NumberHighlighted = 0;
+    /// The native path of the first folder that the scan could not read; "" if it could read all.
+    std::string UnreadFolder;
+
+    Ref<Listbox> TheListBox() const;
+    Ref<Label> CountLabel() const;
+    Ref<Canvas> TheCanvas() const;
+    Ref<PushButton> EditPushButton() const;
+    Ref<PushButton> FileReturn() const;
+    Ref<PushButton> MaxButton() const;
+    Ref<Label> AlbumLabel() const;
+    Ref<PushButton> RemoveHighlightingPushButton() const;
+    Ref<PushButton> HighlightPushButton() const;
+    Ref<Label> HighlightCountLabel() const;
+
+    // Items of the menu bar, which all windows share.
+    Ref<MenuItem> FileHideColumns() const;
+    Ref<MenuItem> FileOpenFile() const;
+    Ref<MenuItem> FileShowFolimarkWindow() const;
+    Ref<MenuItem> FileAboutFolimark() const;
+    Ref<MenuItem> EditHighlight() const;
+    Ref<MenuItem> EditRemoveHighlighting() const;
+
+    void Event_Open() override;
+    void Event_Activate() override;
+    void Event_EnableMenuItems() override;
+    bool Event_CancelClose(bool appQuitting) override;
+    bool Event_KeyDown(const std::string& key) override;
+
+    /// Shows the file of the selected row, which has to be one, in the preview. If the file has gone, says so
+    /// and closes the window.
+    void DrawCatalogItem();
+    /// Fits a picture into the canvas: as large as it goes, centred from left to right and standing on the
+    /// lower edge. The results are logical pixels.
+    void ResizeAndRepositionImage(const Ref<Picture>& picture, int& destLeft, int& destTop, int& destWidth,
+                                  int& destHeight);
+    /// Fills the window from the folder of GlobalData::CatalogFolder. Raises OutOfBoundsException if there is
+    /// no media file.
+    void MakeAndShowCatalog();
+    /// A file's path without the album's, which it has to start with.
+    std::string GetCatalogPathWithoutTitle(const std::string& rootPath, const std::string& filePath) const;
+    void ListCatalogFileNames(const Ref<FolderItem>& root, const Ref<FolderItem>& current);
+    void ListBoxAddRow(const Ref<FolderItem>& root, const Ref<FolderItem>& file);
+    /// The two hands take turns every 64 rows.
+    void ShowWatchCursor(std::int64_t rowIndex);
+    std::string MakeCatalogLabel(const std::string& path) const;
+    /// Shows the folder of GlobalData::CatalogFolder, which need not be this window's, in the file browser.
+    void zRevealCatalogInFinder();
+
+  protected:
+    void Layout() override;
+    void CreateControls() override;
+    void AddMenuHandlers(Window& window) override;
+
+  private:
+    void _CreateControls0();
+
+    void TheListBox_Change(Listbox& list);
+    void TheListBox_DoubleClick(Listbox& list);
+    bool TheListBox_CellBackgroundPaint(Listbox& list, class Graphics& graphics, std::int64_t row,
+                                        int column);
+    void TheCanvas_DoubleClick(Canvas& canvas, int x, int y);
+    void EditPushButton_Action(PushButton& button);
+    void FileReturn_Action(PushButton& button);
+    void MaxButton_Action(PushButton& button);
+    void RemoveHighlightingPushButton_Action(PushButton& button);
+    void HighlightPushButton_Action(PushButton& button);
+
+    bool _FileOpenFile_Action();
+    bool _FileShowFolimarkWindow_Action();
+    bool _FileAboutFolimark_Action();
+    bool _FileHideColumns_Action();
+    bool _HelpFolimarkHelp_Action();
+    bool _EditHighlight_Action();
+    bool _EditRemoveHighlighting_Action();
+    bool _RevealItem_Action();
+
+    /// The picture for the canvas: the source fitted into it, on the window's colour.
+    Ref<Picture> ComposePreview(const Ref<Picture>& source);
+    /// The picture for the canvas that says a short text instead.
+    Ref<Picture> ComposeNotice(const std::string& text);
+    void OpenSelectedFile();
+    void SearchRows(const std::string& phrase1, const std::string& phrase2, std::int64_t join);
+    void ShowHighlightCount();
+    /// Lets the event loop run; raises EndException if that has closed the window.
+    void Yield();
+};
+
+} // namespace folimark

@@ -1,0 +1,122 @@
+#include "Application.h"
+#include "GlobalData.h"
+#include "Look.h"
+#include "Text.h"
+#include "aHilightWindow.h"
+#include "aListWindow.h"
+
+namespace folimark {
+namespace {
+
+/// Hides the list and dims the buttons that would start a second pass, for the length of one.
+class PassScope {
+  public:
+    explicit PassScope(const aListWindow& window)
+        : list_(window.TheListBox()), highlight_(window.HighlightPushButton()),
+          remove_(window.RemoveHighlightingPushButton()) {
+        list_->Visible(false);
+        highlight_->Enabled(false);
+        remove_->Enabled(false);
+    }
+    PassScope(const PassScope&) = delete;
+    PassScope& operator=(const PassScope&) = delete;
+    ~PassScope() {
+        highlight_->Enabled(true);
+        list_->Visible(true);
+    }
+
+  private:
+    Ref<Listbox> list_;
+    Ref<PushButton> highlight_;
+    Ref<PushButton> remove_;
+};
+
+bool Matches(bool found1, bool found2, std::int64_t join) {
+    switch (join) {
+    case GlobalData::kBoth:
+        return found1 && found2;
+    case GlobalData::kEither:
+        return found1 || found2;
+    case GlobalData::kFirstButNotSecond:
+        return found1 && !found2;
+    default:
+        return found1;
+    }
+}
+
+} // namespace
+
+void aListWindow::HighlightPushButton_Action(PushButton& /*button*/) {
+    HighlightWindow = New<aHilightWindow>();
+    HighlightWindow->ShowModal();
+    if (!GlobalData::HighlightOK) {
+        return;
+    }
+    SearchRows(GlobalData::HighlightPhrase1, GlobalData::HighlightPhrase2, GlobalData::HighlightType);
+}
+
+void aListWindow::SearchRows(const std::string& phrase1, const std::string& phrase2, std::int64_t join) {
+    const PassScope scope(*this);
+    const Ref<Listbox> list = TheListBox();
+    NumberHighlighted = 0;
+    for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
+        const std::string_view name = list->Rows().Cell(i, 0);
+        const bool found1 = InStr(name, phrase1) > 0;
+        const bool found2 = join != GlobalData::kFirstAlone && InStr(name, phrase2) > 0;
+        Highlighted.Set(i, Matches(found1, found2, join));
+        if (Highlighted(i)) {
+            ++NumberHighlighted;
+        }
+        Yield();
+    }
+    ShowHighlightCount();
+}
+
+void aListWindow::RemoveHighlightingPushButton_Action(PushButton& /*button*/) {
+    const PassScope scope(*this);
+    NumberHighlighted = 0;
+    for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
+        Highlighted.Set(i, false);
+        Yield();
+    }
+    ShowHighlightCount();
+}
+
+void aListWindow::ShowHighlightCount() {
+    HighlightCountLabel()->Text(Str(NumberHighlighted) + " Media Files Highlighted");
+    RemoveHighlightingPushButton()->Enabled(NumberHighlighted > 0);
+}
+
+bool aListWindow::TheListBox_CellBackgroundPaint(Listbox& list, class Graphics& graphics, std::int64_t row,
+                                                 int /*column*/) {
+    // Cells behind the last row are painted too, and rows whose flag the scan hasn't made yet.
+    const bool highlighted = row <= list.LastIndex() && row <= Highlighted.Ubound() && Highlighted(row);
+    graphics.ForeColor(highlighted ? Look::kHighlightedRow : Look::Stripe(row));
+    graphics.FillRect(0, 0, graphics.Width(), graphics.Height());
+    return false;
+}
+
+bool aListWindow::Event_KeyDown(const std::string& key) {
+    if (NumberHighlighted <= 0 || key != Chr(9)) {
+        return true;
+    }
+    const Ref<Listbox> list = TheListBox();
+    const std::int64_t step = Keyboard::ShiftKey() ? -1 : 1;
+    std::int64_t i = list->ListIndex();
+    for (;;) {
+        i += step;
+        if (i < 0) {
+            i = list->LastIndex();
+        } else if (i > list->LastIndex()) {
+            i = 0;
+        }
+        if (i == list->ListIndex() || (i <= Highlighted.Ubound() && Highlighted(i))) {
+            break;
+        }
+        Yield();
+    }
+    list->ListIndex(i);
+    return true;
+}
+
+} // namespace folimark

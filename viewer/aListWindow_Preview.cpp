@@ -1,0 +1,167 @@
+#include "Application.h"
+#include "GlobalData.h"
+#include "Picture.h"
+#include "PictureResources.h"
+#include "aListWindow.h"
+
+namespace folimark {
+namespace {
+
+/// What the preview shows for a kind of file, and how the window speaks of it.
+struct MediaKind {
+    bool (*isOfType)(const std::string& type);
+    Ref<Picture> (*icon)(); ///< null for the kinds that show the file itself
+    const char* canvasHelp;
+    const char* buttonHelp;
+    const char* buttonCaption;
+    const char* unreadable; ///< shown in place of a file that can't be read
+};
+
+constexpr MediaKind kKinds[] = {
+    {GlobalData::CheckImageFileType, nullptr,
+     "Double-click this large thumbnail of the selected image file to open it in its default application "
+     "(for "
+     "example, Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another appropriate "
+     "application).\r\rIf the image file is modified and saved in its default application, click again on "
+     "its "
+     "entry in the list to the left to update its thumbnail.",
+     "Click this button to open the selected image displayed above in its default application (for example, "
+     "Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another appropriate "
+     "application).",
+     "Open Image File  ⌘O", "This image file can’t be read."},
+    {GlobalData::CheckVideoFileType, MoviesIcon,
+     "Double-click this movies icon to open the selected video file in its default application (usually "
+     "QuickTime Player, but also could be iMovie, VLC, RealPlayer or another appropriate application).",
+     "Click this button to open the selected video file in its default application (usually QuickTime "
+     "Player, "
+     "but also could be iMovie, VLC, RealPlayer or another appropriate application).",
+     "Open Video File  ⌘O", "Video"},
+    {GlobalData::CheckAudioFileType, MusicIcon,
+     "Double-click this music icon to open the selected audio file in its default application (usually "
+     "QuickTime Player or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
+     "Click this button to open the selected audio file in its default application (usually QuickTime Player "
+     "or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
+     "Open Audio File  ⌘O", "Audio"},
+    {GlobalData::CheckPDFFileType, nullptr,
+     "Double-click this large thumbnail of the selected PDF file to open it in its default application (for "
+     "example, Preview, Adobe Reader or another appropriate application).\r\rIf the PDF file is modified and "
+     "saved in its default application, click again on its entry in the list to the left to update its "
+     "thumbnail.",
+     "Click this button to open the selected PDF file displayed above in its default application (for "
+     "example, "
+     "Preview, Adobe Reader or another appropriate application).",
+     "Open PDF file  ⌘O", "This PDF file can’t be read."},
+};
+
+const MediaKind* KindOf(const std::string& type) {
+    for (const MediaKind& kind : kKinds) {
+        if (kind.isOfType(type)) {
+            return &kind;
+        }
+    }
+    return nullptr;
+}
+
+constexpr Color kRed = 0xFF0000;
+constexpr Color kYellow = 0xFFFF66;
+constexpr Color kTextColor = 0x333333;
+
+// The sizes between which a picture is fitted; others are shown as they are.
+constexpr int kLeastSide = 1;
+constexpr int kMostSide = 32767;
+
+Ref<Picture> FilledPicture(const Ref<Canvas>& canvas, int depth, Color color) {
+    Ref<Picture> picture = New<Picture>(canvas->Width(), canvas->Height(), depth);
+    const Ref<Graphics> graphics = picture->Graphics();
+    graphics->ForeColor(color);
+    graphics->FillRect(0, 0, canvas->Width(), canvas->Height());
+    return picture;
+}
+
+bool CanBeFitted(int side) {
+    return side >= kLeastSide && side <= kMostSide;
+}
+
+} // namespace
+
+void aListWindow::DrawCatalogItem() {
+    const Ref<Canvas> canvas = TheCanvas();
+    Graphics()->ClearRect(canvas->Left(), canvas->Top(), canvas->Width(), canvas->Height());
+    const std::string path = TheListBox()->RowTag(TheListBox()->ListIndex());
+    const Ref<FolderItem> file = GetFolderItem(path, 0);
+    if (!file || !file->Exists()) {
+        GlobalData::MessageBox1(
+            3, "OK",
+            "This media file no longer exists in this album. It has been removed from this album, renamed or "
+            "deleted.",
+            "This album will be closed, and may then be reopened with the current media files.");
+        Close();
+        return;
+    }
+    Ref<Picture> source;
+    const char* unreadable = "";
+    if (const MediaKind* kind = KindOf(file->Type())) {
+        source =
+            kind->icon != nullptr ? kind->icon() : Picture::Open(file, canvas->Width(), canvas->Height());
+        unreadable = kind->unreadable;
+        canvas->HelpTag(kind->canvasHelp);
+        EditPushButton()->HelpTag(kind->buttonHelp);
+        EditPushButton()->Caption(kind->buttonCaption);
+    } else {
+        MsgBox("File is not a recognizable media file, but this can't happen");
+        source = FilledPicture(canvas, 8, kRed);
+    }
+    canvas->Backdrop(source ? ComposePreview(source) : ComposeNotice(unreadable));
+}
+
+Ref<Picture> aListWindow::ComposeNotice(const std::string& text) {
+    Ref<Picture> preview = FilledPicture(TheCanvas(), 16, BackColor());
+    const Ref<class Graphics> graphics = preview->Graphics();
+    graphics->ForeColor(kTextColor);
+    graphics->DrawText(text, 0, 0, preview->Width(), preview->Height());
+    return preview;
+}
+
+Ref<Picture> aListWindow::ComposePreview(const Ref<Picture>& source) {
+    const Ref<Canvas> canvas = TheCanvas();
+    if (!CanBeFitted(source->Width()) || !CanBeFitted(source->Height())) {
+        Ref<Picture> preview = New<Picture>(canvas->Width(), canvas->Height(), 8);
+        preview->Graphics()->DrawPicture(source, 0, 0);
+        return preview;
+    }
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    ResizeAndRepositionImage(source, left, top, width, height);
+    try {
+        Ref<Picture> preview = FilledPicture(canvas, 16, BackColor());
+        preview->Graphics()->DrawPicture(source, left, top, width, height, 0, 0, source->Width(),
+                                         source->Height());
+        return preview;
+    } catch (...) { // Whatever kept the picture from being scaled: an unscaled one is better than none.
+        Ref<Picture> preview = FilledPicture(canvas, 8, kYellow);
+        preview->Graphics()->DrawPicture(source, 0, 0);
+        return preview;
+    }
+}
+
+// The widths of the numbers are part of the result: 32-bit floats where it says float, each result cut off
+// towards zero.
+void aListWindow::ResizeAndRepositionImage(const Ref<Picture>& picture, int& destLeft, int& destTop,
+                                           int& destWidth, int& destHeight) {
+    const double canvasWidth = TheCanvas()->Width();
+    const double canvasHeight = TheCanvas()->Height();
+    auto pictureWidth = static_cast<float>(picture->Width());
+    auto pictureHeight = static_cast<float>(picture->Height());
+    const auto scale = static_cast<float>(pictureWidth > pictureHeight ? canvasWidth / pictureWidth
+                                                                       : canvasHeight / pictureHeight);
+    pictureWidth *= scale;
+    pictureHeight *= scale;
+    destWidth = static_cast<int>(pictureWidth);
+    destHeight = static_cast<int>(pictureHeight);
+    destLeft = static_cast<int>(static_cast<float>((canvasWidth - pictureWidth) / 2.0));
+    destTop = static_cast<int>(static_cast<float>(canvasHeight - pictureHeight));
+}
+
+} // namespace folimark

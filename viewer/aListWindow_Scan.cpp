@@ -1,0 +1,97 @@
+#include "Application.h"
+#include "GlobalData.h"
+#include "Text.h"
+#include "TreeWalk.h"
+#include "aListWindow.h"
+
+namespace folimark {
+namespace {
+
+constexpr std::string_view kListHelp =
+    "This is a list of media files that appear in this album.\r\r"
+    "Click on an image file in the list to select a large thumbnail of that image file to be displayed to "
+    "the "
+    "right of this list.\r\r"
+    "Click on a video file in the list to display a movies icon to the right of this list.\r\r"
+    "Click on an audio file in the list to display a music icon to the right of this list.\r\r"
+    "Click on a PDF fie in the list to select a large thumbnail of that PDF file to be displayed to the "
+    "right "
+    "of this list.\r\r"
+    "To navigate the list with the keyboard, use the ↑, ↓, home (or fn←), end (or fn→), page up (or fn↑) and "
+    "page down (or fn↓) keys.\r\r"
+    "Click on a column heading to order the entries in the list alphabetically by the values under that "
+    "heading. Click again to reverse the order of the entries."
+    " In the file size column, \"OB\" is shown instead of \"GB\" in order to order the file sizes correctly.";
+
+/// Rows after which the hands take turns.
+constexpr std::int64_t kHandRun = 64;
+
+/// Gives the application its cursor back, however the scan ends.
+class CursorKeeper {
+  public:
+    CursorKeeper() : saved_(CurrentApplication()->MouseCursor()) {}
+    CursorKeeper(const CursorKeeper&) = delete;
+    CursorKeeper& operator=(const CursorKeeper&) = delete;
+    ~CursorKeeper() { CurrentApplication()->MouseCursor(saved_); }
+
+  private:
+    MouseCursorShape saved_;
+};
+
+} // namespace
+
+void aListWindow::MakeAndShowCatalog() {
+    WindowCatalogFolder = GlobalData::CatalogFolder;
+    const Ref<Listbox> list = TheListBox();
+    list->ColumnAlignment(0, Listbox::kAlignLeft);
+    for (int column = 1; column <= 4; ++column) {
+        list->ColumnAlignment(column, Listbox::kAlignRight);
+    }
+    {
+        const CursorKeeper keeper;
+        ListCatalogFileNames(WindowCatalogFolder, WindowCatalogFolder);
+    }
+    if (list->LastIndex() > 0) {
+        list->ColumnSortDirection(0, Listbox::kAscending);
+        list->SortedColumn(0);
+        list->Sort();
+    }
+    Highlighted.Redim(list->LastIndex());
+    for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
+        Highlighted.Set(i, false);
+        Yield();
+    }
+    NumberHighlighted = 0;
+    list->HelpTag(std::string(kListHelp));
+    Title(MakeCatalogLabel(WindowCatalogFolder->AbsolutePath()));
+    AlbumLabel()->Text(ReplaceAll(WindowCatalogFolder->AbsolutePath(), ":", "→ "));
+    CountLabel()->Text(list->LastIndex() == 0
+                           ? "1 media file"
+                           : Format(static_cast<double>(list->LastIndex() + 1), "###,###") + " media files");
+    list->ListIndex(0);
+}
+
+void aListWindow::ListCatalogFileNames(const Ref<FolderItem>& root, const Ref<FolderItem>& current) {
+    TreeWalk walk(current);
+    while (walk.Next()) {
+        const Ref<FolderItem> item = walk.Item();
+        if (item && item->Exists() && item->Visible()) {
+            if (item->Directory()) {
+                walk.Enter();
+            } else if (GlobalData::CheckMediaFileType(item->Type())) {
+                ListBoxAddRow(root, item);
+                ShowWatchCursor(TheListBox()->LastIndex());
+            }
+        }
+        Yield();
+    }
+    UnreadFolder = walk.Unreadable();
+}
+
+void aListWindow::ShowWatchCursor(std::int64_t rowIndex) {
+    const std::int64_t turn = rowIndex % (2 * kHandRun);
+    CurrentApplication()->MouseCursor(turn >= 0 && turn < kHandRun ? System::Cursors::HandOpen
+                                                                   : System::Cursors::HandClosed);
+}
+
+} // namespace folimark
