@@ -1,0 +1,143 @@
+#include "aCatalogsWindow.h"
+
+#include "Application.h"
+#include "DefaultMenuBar.h"
+#include "Exceptions.h"
+#include "GlobalData.h"
+#include "Look.h"
+
+#include <algorithm>
+
+namespace folimark {
+namespace {
+
+constexpr WindowLayout kLayout{
+    .title = "Folimark",
+    .width = 513,
+    .height = 257,
+    .minHeight = 129,
+    .maxHeight = 32000,
+    .frame = WindowLayout::kDocument,
+    .closeButton = true,
+    .minimizeButton = true,
+    .resizeable = true,
+    .hasBackColor = true,
+    .backColor = Look::kTint,
+};
+
+constexpr std::string_view kListHelp =
+    "This is a list of albums that have been created on my computer. Click on an album in the list to select "
+    "that "
+    "album and apply the tools shown above.\r\r"
+    "As a shortcut, double-click on an album in the list to open that album in it's own window where a list "
+    "of "
+    "the media files it contains can be viewed.\r\r"
+    "(If the album contains many media files, a grabbing hand cursor will be displayed.)\r\r"
+    "This list can be resized to any length greater than its initial length.\r\r"
+    "To navigate the list with the keyboard, use the ↑, ↓, home (or fn←), end (or fn→), page up (or fn↑) and "
+    "page "
+    "down (or fn↓) keys.";
+
+constexpr ControlRow kControls[] = {
+    {.name = "TheListBox",
+     .controlClass = ControlClass::Listbox,
+     .left = 0,
+     .top = 0,
+     .width = 513,
+     .height = 257,
+     .tabIndex = 11,
+     .helpTag = kListHelp,
+     .accessibleName = "Albums",
+     .horizontalScrollBar = true},
+};
+
+// The design height holds 16 rows and a line; no fewer albums change it.
+constexpr std::int64_t kDesignRows = 16;
+
+} // namespace
+
+void aCatalogsWindow::Layout() {
+    MenuBar(DefaultMenuBar());
+    Apply(kLayout);
+}
+
+void aCatalogsWindow::CreateControls() {
+    _CreateControls0();
+}
+
+void aCatalogsWindow::_CreateControls0() {
+    BuildControls(*this, kControls);
+    TheListBox()->CellBackgroundPaint = [this](Listbox& list, class Graphics& g, std::int64_t row,
+                                               int column) {
+        return TheListBox_CellBackgroundPaint(list, g, row, column);
+    };
+    TheListBox()->Change = [this](Listbox& list) { TheListBox_Change(list); };
+    TheListBox()->DoubleClick = [this](Listbox& list) { TheListBox_DoubleClick(list); };
+
+    const Ref<aCatalogsToolBar> toolbar = New<aCatalogsToolBar>();
+    toolbar->Action = [this](Toolbar& bar, ToolItem& item) { CatalogsToolBar_Action(bar, item); };
+    toolbar->Open = [this] { CatalogsToolBar_Open(); };
+    AddControl(toolbar, "CatalogsToolBar", 0, 0, 0, 0);
+}
+
+Ref<Listbox> aCatalogsWindow::TheListBox() const {
+    return Control<Listbox>("TheListBox");
+}
+Ref<aCatalogsToolBar> aCatalogsWindow::CatalogsToolBar() const {
+    return Control<aCatalogsToolBar>("CatalogsToolBar");
+}
+
+bool aCatalogsWindow::TheListBox_CellBackgroundPaint(Listbox& /*list*/, class Graphics& g, std::int64_t row,
+                                                     int /*column*/) {
+    g.ForeColor(Look::Stripe(row));
+    g.FillRect(0, 0, g.Width(), g.Height());
+    return false;
+}
+
+void aCatalogsWindow::TheListBox_Change(Listbox& list) {
+    try {
+        if (list.ListIndex() > list.LastIndex() || list.ListIndex() < 0) {
+            list.ListIndex(list.LastIndex());
+        }
+        EnableCatalogButtons();
+    } catch (const OutOfBoundsException&) {
+        list.ListIndex(list.LastIndex());
+    }
+}
+
+void aCatalogsWindow::TheListBox_DoubleClick(Listbox& /*list*/) {
+    if (rowsInUse_ == 0) {
+        zOpenCatalog();
+    }
+}
+
+void aCatalogsWindow::Event_Open() {
+    Opened = true;
+}
+
+void aCatalogsWindow::Event_Resized() {
+    FollowHeight();
+}
+
+void aCatalogsWindow::Event_Resizing() {
+    FollowHeight();
+}
+
+void aCatalogsWindow::FollowHeight() {
+    TheListBox()->Height(Height() - TheListBox()->Top());
+    TheListBox()->Refresh(true);
+}
+
+void aCatalogsWindow::FitHeight(std::int64_t n) {
+    const int usable =
+        Screen(0).AvailableHeight() - CatalogsToolBar()->Height() - CatalogsToolBar()->Height();
+    const std::int64_t maxRows = usable / Listbox::kRowHeight;
+    if (n <= kDesignRows) {
+        return;
+    }
+    const auto rows = static_cast<int>(std::min(n, maxRows));
+    GlobalData::CatalogsWindow->Height(rows * Listbox::kRowHeight + 1);
+    TheListBox()->Height(TheListBox()->Top() + rows * Listbox::kRowHeight + 1);
+}
+
+} // namespace folimark

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "Array.h"
+#include "ControlTable.h"
+#include "aCatalogsToolBar.h"
+#include "aListWindow.h"
+
+#include <string>
+
+namespace folimark {
+
+/// The Albums window: the list of albums and all that is done with them.
+///
+/// An album is a row of TheListBox (its label in Cell, its folder's colon path in RowTag) and the element of
+/// CatalogWindows at the same index, its window slot. A slot is empty (nil), live (its window is open) or
+/// stale (its window has closed by itself: its ControlCount is 0); a stale one counts as empty, and is made
+/// so.
+///
+/// The rows are the truth while the application runs, and the album list file follows each change at once. An
+/// album leaves the list when the user trashes it, or when opening it finds its folder gone or without any
+/// media.
+class aCatalogsWindow : public Window {
+  public:
+    aCatalogsWindow() { Build(); }
+
+    /// Has LookForAnyPicturesIn found a media file?
+    bool AnyPictures = false;
+    bool Opened = false;
+    Array<Ref<aListWindow>> CatalogWindows;
+    Ref<ToolButton> AddCatalogButton;
+    Ref<ToolButton> DeleteCatalogButton;
+    Ref<ToolButton> OpenCatalogButton;
+    Ref<ToolButton> CloseCatalogButton;
+    Ref<ToolButton> StaggerCatalogsButton;
+    Ref<ToolButton> SeparatorButton;
+
+    Ref<Listbox> TheListBox() const;
+    Ref<aCatalogsToolBar> CatalogsToolBar() const;
+
+    void Event_Open() override;
+    void Event_Activate() override;
+    bool Event_CancelClose(bool appQuitting) override;
+    void Event_Close() override;
+    void Event_Resized() override;
+    void Event_Resizing() override;
+
+    /// Searches a folder's tree for a visible media file and sets AnyPictures if there is one.
+    void LookForAnyPicturesIn(const Ref<FolderItem>& folder);
+    /// Replaces all rows and slots by those of the file, which is created if it is missing. Raises
+    /// IOException if it can't be read as a whole.
+    void GetCatalogList(const Ref<FolderItem>& f);
+    /// Replaces the file as a whole, or raises IOException and leaves it as it was.
+    void PutCatalogList(const Ref<FolderItem>& f);
+    /// Adds a row for a folder's path, unless it has one, sorts the albums by label and selects the last row.
+    void AddToCatalogList(const std::string& path);
+    std::string MakeCatalogLabel(const std::string& path) const;
+    /// The number of live slots. Empties the stale ones.
+    std::int64_t CountOpenCatalogs();
+    void EnableCatalogButtons();
+
+    void zAddCatalog();
+    void zDeleteCatalog();
+    void zOpenCatalog();
+    void zStaggerCatalogs();
+    void zCloseCatalog();
+    /// Cascades the open albums' windows from this one, in the order of their rows.
+    void StaggerWindows();
+    void zRevealCatalogInFinder();
+
+  protected:
+    void Layout() override;
+    void CreateControls() override;
+    void AddMenuHandlers(Window& window) override;
+
+  private:
+    /// While one lives, a loop over the rows may yield without another command changing them, and the window
+    /// stays open.
+    class RowsInUse;
+
+    void _CreateControls0();
+
+    bool TheListBox_CellBackgroundPaint(Listbox& list, class Graphics& g, std::int64_t row, int column);
+    void TheListBox_Change(Listbox& list);
+    void TheListBox_DoubleClick(Listbox& list);
+    void CatalogsToolBar_Action(Toolbar& toolbar, ToolItem& item);
+    void CatalogsToolBar_Open();
+
+    bool _FileAboutFolimark_Action();
+    bool _HelpFolimarkHelp_Action();
+    bool _RevealItem_Action();
+
+    /// Sets the window's height by the number of lines read plus one.
+    void FitHeight(std::int64_t n);
+    void FollowHeight();
+    /// Empties the slot if it is stale.
+    void ClearStale(std::int64_t row);
+    /// The row whose slot holds the window; -1 if none does.
+    std::int64_t RowOf(const Ref<aListWindow>& window) const;
+    /// Shows an album's window, and does what is to be done if that fails.
+    void ShowCatalog(const Ref<aListWindow>& window);
+    void RemoveFailedCatalog(const Ref<aListWindow>& window);
+    void AddCatalogFolder(const Ref<FolderItem>& folder);
+    /// Closes the window in the slot, if there is one, and empties the slot.
+    void CloseSlot(std::int64_t row);
+
+    int rowsInUse_ = 0;
+    /// Has the user been told, in this run, that the session places windows itself?
+    bool toldOfPlaces_ = false;
+    bool adding_ = false;
+};
+
+class aCatalogsWindow::RowsInUse {
+  public:
+    explicit RowsInUse(aCatalogsWindow& window) : window_(window) { ++window_.rowsInUse_; }
+    RowsInUse(const RowsInUse&) = delete;
+    RowsInUse& operator=(const RowsInUse&) = delete;
+    ~RowsInUse() { --window_.rowsInUse_; }
+
+  private:
+    aCatalogsWindow& window_;
+};
+
+} // namespace folimark

@@ -1,0 +1,120 @@
+#include "AlbumListFile.h"
+#include "FolderItemDialog.h"
+#include "GlobalData.h"
+#include "TreeWalk.h"
+#include "Yield.h"
+#include "aCatalogsWindow.h"
+
+namespace folimark {
+namespace {
+
+class Flag {
+  public:
+    explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+    Flag(const Flag&) = delete;
+    Flag& operator=(const Flag&) = delete;
+    ~Flag() { flag_ = false; }
+
+  private:
+    bool& flag_;
+};
+
+} // namespace
+
+void aCatalogsWindow::zAddCatalog() {
+    if (adding_) {
+        return; // The search through the last folder is still going on.
+    }
+    const Flag adding(adding_);
+    const Ref<SelectFolderDialog> dialog = New<SelectFolderDialog>();
+    dialog->ActionButtonCaption("Choose");
+    dialog->Title("Create an Album");
+    dialog->PromptText("Choose a Folder Containing Images");
+    GlobalData::CatalogFolder = dialog->ShowModal();
+    // While the search yields, other albums may be opened, which changes the global.
+    const Ref<FolderItem> folder = GlobalData::CatalogFolder;
+    if (!folder || !folder->Exists()) {
+        return;
+    }
+    AnyPictures = false;
+    LookForAnyPicturesIn(folder);
+    if (!AnyPictures) {
+        GlobalData::MessageBox1(3, "OK", "This folder does not contain any media files.",
+                                "Please choose another folder.");
+        return;
+    }
+    AddCatalogFolder(folder);
+}
+
+void aCatalogsWindow::AddCatalogFolder(const Ref<FolderItem>& folder) {
+    const std::string path = folder->AbsolutePath();
+    std::string existing;
+    bool exists = false;
+    {
+        const RowsInUse rows(*this);
+        for (std::int64_t r = 0; r <= TheListBox()->LastIndex() && !exists; ++r) {
+            if (EqualText(path, TheListBox()->RowTag(r))) {
+                exists = true;
+                existing = TheListBox()->Cell(r, 0);
+            }
+            RuntimeBackgroundTask();
+        }
+        if (!exists) {
+            AddToCatalogList(path);
+            PutCatalogList(AlbumListFile());
+        }
+    }
+    if (exists) {
+        GlobalData::MessageBox1(1, "OK", "The album “" + existing + "” has already been cteated.", "");
+        return;
+    }
+    GlobalData::MessageBox1(1, "OK", "The album “" + MakeCatalogLabel(path) + "” has been created.", "");
+    EnableCatalogButtons();
+}
+
+void aCatalogsWindow::LookForAnyPicturesIn(const Ref<FolderItem>& folder) {
+    TreeWalk walk(folder);
+    while (!AnyPictures && walk.Next()) {
+        const Ref<FolderItem> item = walk.Item();
+        if (item && item->Exists() && item->Visible()) {
+            if (item->Directory()) {
+                walk.Enter();
+            } else if (GlobalData::CheckMediaFileType(item->Type())) {
+                AnyPictures = true;
+            }
+        }
+        RuntimeBackgroundTask();
+    }
+}
+
+void aCatalogsWindow::AddToCatalogList(const std::string& path) {
+    const RowsInUse rows(*this);
+    const Ref<Listbox> list = TheListBox();
+    for (std::int64_t r = 0; r <= list->LastIndex(); ++r) {
+        if (EqualText(list->RowTag(r), path)) {
+            return;
+        }
+        RuntimeBackgroundTask();
+    }
+    list->AddRow({MakeCatalogLabel(path)});
+    list->RowTag(list->LastIndex(), path);
+    CatalogWindows.Append({});
+    if (list->LastIndex() > 0) {
+        Array<std::string> paths;
+        Array<std::string> labels;
+        for (std::int64_t r = 0; r <= list->LastIndex(); ++r) {
+            paths.Append(list->RowTag(r));
+            labels.Append(list->Cell(r, 0));
+            RuntimeBackgroundTask();
+        }
+        SortWith(labels, paths, CatalogWindows);
+        for (std::int64_t r = 0; r <= list->LastIndex(); ++r) {
+            list->RowTag(r, paths(r));
+            list->Cell(r, 0, labels(r));
+            RuntimeBackgroundTask();
+        }
+    }
+    list->ListIndex(list->LastIndex());
+}
+
+} // namespace folimark

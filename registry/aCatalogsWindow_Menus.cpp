@@ -1,0 +1,36 @@
+#include "GlobalData.h"
+#include "aCatalogsWindow.h"
+
+namespace folimark {
+
+void aCatalogsWindow::AddMenuHandlers(Window& window) {
+    window.MenuHandler("FileAboutFolimark", [this] { return _FileAboutFolimark_Action(); });
+    window.MenuHandler("HelpFolimarkHelp", [this] { return _HelpFolimarkHelp_Action(); });
+    window.MenuHandler("RevealItem", [this] { return _RevealItem_Action(); });
+}
+
+bool aCatalogsWindow::_FileAboutFolimark_Action() {
+    GlobalData::ShowAboutPanel();
+    return true;
+}
+
+bool aCatalogsWindow::_HelpFolimarkHelp_Action() {
+    GlobalData::LaunchHelpSheet();
+    return true;
+}
+
+bool aCatalogsWindow::_RevealItem_Action() {
+    zRevealCatalogInFinder();
+    return true;
+}
+
+void aCatalogsWindow::zRevealCatalogInFinder() {
+    if (TheListBox()->LastIndex() < 0 || TheListBox()->ListIndex() < 0) {
+        return;
+    }
+    GlobalData::CatalogFolder = GetFolderItem(TheListBox()->RowTag(TheListBox()->ListIndex()));
+    GlobalData::CatalogFolder->Launch(true);
+    EnableCatalogButtons();
+}
+
+} // namespace folimark

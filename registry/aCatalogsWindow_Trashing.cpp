@@ -1,0 +1,30 @@
+#include "AlbumListFile.h"
+#include "GlobalData.h"
+#include "aCatalogsWindow.h"
+
+namespace folimark {
+
+void aCatalogsWindow::zDeleteCatalog() {
+    const Ref<Listbox> list = TheListBox();
+    if (list->LastIndex() < 0 || list->ListIndex() < 0) {
+        return;
+    }
+    const std::string label = list->Cell(list->ListIndex(), 0);
+    GlobalData::MessageBox2(4, "Trash", "Cancel", "Trash the “" + label + "” album?",
+                            "Press Trash to trash the “" + label
+                                + "” album. The media files it contains will not be trashed.");
+    if (GlobalData::CancelButtonPressed) {
+        return;
+    }
+    {
+        const RowsInUse rows(*this);
+        CloseSlot(list->ListIndex());
+        CatalogWindows.Remove(list->ListIndex());
+        list->RemoveRow(list->ListIndex());
+        PutCatalogList(AlbumListFile());
+    }
+    StaggerWindows();
+    EnableCatalogButtons();
+}
+
+} // namespace folimark
