@@ -1,0 +1,86 @@
+#include "Answers.h"
+#include "Application.h"
+#include "AsNobody.h"
+#include "RunningApplication.h"
+#include "TestFolder.h"
+
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace folimark::test {
+namespace {
+
+TEST(AlbumList, RowsAreTheLinesAndLinesAreTheRows) {
+    struct Case {
+        std::string content;
+        std::string labels;
+        std::string last;  // the last row's label
+        std::string saved; // the file when the last row has been trashed
+    };
+    const Case cases[] = {
+        {"", "", "", ""},
+        {"Computer:b:\nComputer:a:\n", "b, a", "a", "Computer:b:\n"},
+        {"Computer:b:\n\nComputer:x:no end\nplain", "b, , x, ", "", "Computer:b:\n\nComputer:x:no end\n"},
+        {"Computer:a:\rComputer:b:\r\nComputer:c:", "a, b, c", "c", "Computer:a:\nComputer:b:\n"},
+        {"Computer:a:\nComputer:a:\nComputer:日本 é:\n", "a, a, 日本 é", "日本 é",
+         "Computer:a:\nComputer:a:\n"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.content);
+        const TestFolder folder;
+        RunningApplication::WriteListFile(c.content);
+        const RunningApplication application;
+        EXPECT_EQ(application.Labels(), c.labels);
+        EXPECT_EQ(RunningApplication::ListFile(), c.content);
+        EXPECT_THROW(Click(application.Albums(), "Trash Album"), RobotFailure);
+        const int rows = static_cast<int>(application.Albums()->TheListBox()->LastIndex()) + 1;
+        if (rows > 0) {
+            const Answers answers{{"Trash the “" + c.last + "” album?", "Trash"}};
+            ClickRow(application.Albums(), rows - 1);
+            Click(application.Albums(), "Trash Album");
+            EXPECT_EQ(RunningApplication::ListFile(), c.saved);
+            EXPECT_EQ(application.Albums()->CatalogWindows.Ubound(), rows - 2);
+        }
+    }
+}
+
+TEST(AlbumList, AFirstStartMakesAnEmptyFile) {
+    const TestFolder folder;
+    const RunningApplication application;
+    EXPECT_EQ(std::filesystem::file_size(folder.Home() + "/.config/Folimark.Preferences"), 0U);
+}
+
+TEST(AlbumList, AFailedSaveIsToldAndLeavesTheFile) {
+    const TestFolder folder{"a.jpg"};
+    const std::string lines = "Computer:b:\n" + folder.Item()->AbsolutePath() + "\n";
+    RunningApplication::WriteListFile(lines);
+    const RunningApplication application;
+    const std::string preferences = folder.Home() + "/.config";
+    ASSERT_EQ(chmod(preferences.c_str(), 0555), 0);
+    {
+        const AsNobody nobody;
+        const Answers answers{{"Trash the “b” album?", "Trash"},
+                              {"IOException\n\n…", "OK"},
+                              {"Can't save “" + preferences + "…", "OK"}};
+        ClickRow(application.Albums(), 0);
+        Click(application.Albums(), "Trash Album");
+    }
+    ASSERT_EQ(chmod(preferences.c_str(), 0755), 0);
+    EXPECT_FALSE(IsQuitting());
+    EXPECT_EQ(RunningApplication::ListFile(), lines);
+    ClickRow(application.Albums(), 0);
+    Click(application.Albums(), "Open Album");
+    EXPECT_EQ(application.Labels(), "Album*");
+}
+
+TEST(AlbumList, AListThatCantBeReadEndsTheStart) {
+    const TestFolder folder;
+    const std::string file = folder.Home() + "/.config/Folimark.Preferences";
+    std::filesystem::create_directories(file + "/inside");
+    const Answers answers{{"IOException\n\n…", "OK"}};
+    EXPECT_EQ(RunToEnd([] { ADD_FAILURE() << "The application works without its albums."; }), 1);
+    EXPECT_TRUE(std::filesystem::is_directory(file + "/inside"));
+}
+
+} // namespace
+} // namespace folimark::test

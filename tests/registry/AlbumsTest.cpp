@@ -1,0 +1,166 @@
+#include "Answers.h"
+#include "Application.h"
+#include "AsNobody.h"
+#include "GlobalData.h"
+#include "RunningApplication.h"
+#include "TestFolder.h"
+
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace folimark::test {
+namespace {
+
+const std::string kGone =
+    "This album no longer exists, or the folder which it references has been moved or renamed.";
+
+/// The first letters of the toolbar's buttons that can be clicked.
+std::string Commands(const RunningApplication& application) {
+    const Ref<aCatalogsWindow> albums = application.Albums();
+    std::string letters;
+    for (const Ref<ToolButton>& button :
+         {albums->AddCatalogButton, albums->DeleteCatalogButton, albums->OpenCatalogButton,
+          albums->StaggerCatalogsButton, albums->CloseCatalogButton}) {
+        letters += button->Enabled() ? button->Caption().substr(0, 1) : "";
+    }
+    return letters;
+}
+
+TEST(Albums, OnlyFoldersWithVisibleMediaBecomeAlbumsAndOnlyOnce) {
+    const TestFolder folder{"Trips/deep/er/b.PNG", "None/readme.txt", "Hidden/.thumbs/a.jpg", "Empty/"};
+    const RunningApplication application;
+    application.AddAlbum(folder.Path("Trips"));
+    const std::string lines = folder.Item("Trips")->AbsolutePath() + "\n";
+    const std::string none = "This folder does not contain any media files.";
+    const Answers answers{{kFolderDialog, folder.Path("None")},
+                          {none, "OK"},
+                          {kFolderDialog, folder.Path("Hidden")},
+                          {none, "OK"},
+                          {kFolderDialog, folder.Path("Empty")},
+                          {none, "OK"},
+                          {kFolderDialog, folder.Path("Trips")},
+                          {"The album “Trips” has already been cteated.", "OK"},
+                          {kFolderDialog, ""}};
+    for (int i = 0; i < 5; ++i) {
+        Click(application.Albums(), "Create Album");
+    }
+    EXPECT_FALSE(GlobalData::CatalogFolder);
+    EXPECT_EQ(application.Labels(), "Trips");
+    EXPECT_EQ(RunningApplication::ListFile(), lines);
+}
+
+TEST(Albums, ToolbarFollowsSelectionAndOpenWindows) {
+    const TestFolder folder{"A/a.jpg", "B/b.jpg"};
+    const RunningApplication application;
+    const Ref<aCatalogsWindow> albums = application.Albums();
+    EXPECT_EQ(Commands(application), "C");
+    application.AddAlbum(folder.Path("B"));
+    application.AddAlbum(folder.Path("A"));
+    EXPECT_EQ(application.Labels(), "A, B");
+    EXPECT_EQ(albums->TheListBox()->ListIndex(), 1); // the last row, not the new one
+    EXPECT_EQ(Commands(application), "CTO");
+    DoubleClickRow(albums, 0);
+    EXPECT_EQ(application.Labels(), "A*, B");
+    EXPECT_EQ(Commands(application), "CTOAC");
+    ClickRow(albums, 1);
+    EXPECT_EQ(Commands(application), "CTOA");
+    EXPECT_FALSE(albums->OpenCatalogButton->Pushed());
+    CloseByFrame(application.Album(0));
+    ClickRow(albums, 0);
+    EXPECT_EQ(Commands(application), "CTO");
+    ClickBelowRows(albums);
+    EXPECT_EQ(albums->TheListBox()->ListIndex(), 1);
+}
+
+TEST(Albums, OpenAlbumsCascadeInTheOrderOfTheirRows) {
+    const TestFolder folder{"A/a.jpg", "B/a.jpg", "C/a.jpg"};
+    const RunningApplication application;
+    const Ref<aCatalogsWindow> albums = application.Albums();
+    const auto offset = [&](int row) {
+        const Ref<aListWindow> window = application.Album(row);
+        EXPECT_EQ(window->Left() - albums->Left(), window->Top() - albums->Top());
+        return window->Left() - albums->Left();
+    };
+    albums->Left(60);
+    albums->Top(120);
+    for (const char* name : {"C", "A", "B"}) {
+        const Ref<aListWindow> window = application.AddAndOpenAlbum(folder.Path(name));
+        EXPECT_EQ(window->Left() - albums->Left(), 22);
+        window->Left(500);
+    }
+    Click(albums, "Align Albums");
+    EXPECT_EQ(offset(0), 22);
+    EXPECT_EQ(offset(1), 44);
+    EXPECT_EQ(offset(2), 66);
+    EXPECT_EQ(FrontTitle(), "C");
+    const Ref<aListWindow> a = application.Album(0);
+    ClickRow(albums, 0);
+    Click(albums, "Open Album");
+    EXPECT_TRUE(application.Album(0) == a); // It comes forward and isn't read again.
+    EXPECT_EQ(FrontTitle(), "A");
+    Click(albums, "Close Album");
+    EXPECT_EQ(application.Labels(), "A, B*, C*");
+    EXPECT_EQ(offset(1), 22);
+    EXPECT_EQ(offset(2), 44);
+    const Answers answers{{"Trash the “B” album?", "Cancel"}, {"Trash the “B” album?", "Trash"}};
+    ClickRow(albums, 1);
+    Click(albums, "Trash Album");
+    EXPECT_EQ(application.Labels(), "A, B*, C*");
+    Click(albums, "Trash Album");
+    EXPECT_EQ(application.Labels(), "A, C*");
+    EXPECT_EQ(offset(1), 22);
+    EXPECT_TRUE(std::filesystem::exists(folder.Path("B/a.jpg")));
+}
+
+TEST(Albums, AnAlbumThatIsGoneOrEmptyLeavesTheList) {
+    const TestFolder folder{"A/a.jpg", "B/a.jpg", "C/a.jpg"};
+    const RunningApplication application;
+    for (const char* name : {"A", "B", "C"}) {
+        application.AddAlbum(folder.Path(name));
+    }
+    std::filesystem::remove_all(folder.Path("A"));
+    std::filesystem::remove(folder.Path("B/a.jpg"));
+    for (const char* left : {"B, C", "C"}) {
+        const Answers answers{{kGone, "OK"}};
+        ClickRow(application.Albums(), 0);
+        Click(application.Albums(), "Open Album");
+        EXPECT_EQ(application.Labels(), left);
+        EXPECT_EQ(OpenWindows().size(), 1U);
+    }
+    EXPECT_EQ(RunningApplication::ListFile(), folder.Item("C")->AbsolutePath() + "\n");
+    EXPECT_EQ(Commands(application), "CTO");
+}
+
+TEST(Albums, AnAlbumThatCantBeReadStays) {
+    const TestFolder folder{"Locked/a.jpg"};
+    const RunningApplication application;
+    application.AddAlbum(folder.Path("Locked"));
+    ASSERT_EQ(chmod(folder.Path("Locked").c_str(), 0), 0);
+    {
+        const AsNobody nobody;
+        const Answers answers{
+            {"IOException\n\n…", "OK"},
+            {"This folder could not be read: “" + folder.Path("Locked") + "”. The album stays in the list.",
+             "OK"}};
+        Click(application.Albums(), "Open Album");
+    }
+    ASSERT_EQ(chmod(folder.Path("Locked").c_str(), 0755), 0);
+    EXPECT_EQ(application.Labels(), "Locked");
+    Click(application.Albums(), "Open Album");
+    EXPECT_EQ(application.Labels(), "Locked*");
+}
+
+TEST(Albums, RevealShowsTheSelectedFolder) {
+    const TestFolder folder{"A/a.jpg", "B/a.jpg"};
+    const RunningApplication application;
+    Choose("File", "Reveal Album in Finder");
+    EXPECT_TRUE(RunningApplication::Launched().empty());
+    application.AddAlbum(folder.Path("A"));
+    application.AddAlbum(folder.Path("B"));
+    ClickRow(application.Albums(), 0);
+    Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(RunningApplication::Launched(), std::vector{folder.Path("A")});
+}
+
+} // namespace
+} // namespace folimark::test

@@ -1,0 +1,104 @@
+#include "GlobalData.h"
+#include "Look.h"
+#include "RunningApplication.h"
+#include "TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QTableView>
+
+#include <chrono>
+
+namespace folimark::test {
+namespace {
+
+QImage ListOf(const Ref<Window>& window) {
+    Settle();
+    auto& list = dynamic_cast<QTableView&>(WidgetOf(window, "TheListBox"));
+    return list.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+Color ColorAt(const QImage& list, int x, int row) {
+    return list.pixel(x, row * Listbox::kRowHeight + Listbox::kRowHeight / 2) & 0xFFFFFF;
+}
+
+TEST(Listbox, RowsAreStripedBehindTheLastToo) {
+    const TestFolder folder{"a.mp3", "b.mp3", "c.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    album->Highlighted.Set(2, true);
+    for (const Ref<Window>& window : {Ref<Window>(application.Albums()), Ref<Window>(album)}) {
+        const QImage list = ListOf(window);
+        const int rows = list.height() / Listbox::kRowHeight;
+        ASSERT_GT(rows, 10);
+        for (int row = 1; row < rows; ++row) {
+            const bool marked = row == 2 && window == album;
+            for (const int x : {list.width() / 2, list.width() - 1}) {
+                EXPECT_EQ(ColorAt(list, x, row), marked ? Look::kHighlightedRow : Look::Stripe(row)) << row;
+            }
+        }
+    }
+}
+
+TEST(Listbox, TheSelectedRowCanBeSeenInFrontAndBehind) {
+    const TestFolder folder{"WWW.mp3", "XXX.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    for (const bool inFront : {true, false}) {
+        (inFront ? Ref<Window>(album) : GlobalData::CatalogsWindow)->Show();
+        Settle();
+        ASSERT_EQ(FrontTitle(), inFront ? "Album" : "Folimark");
+        for (const bool marked : {false, true}) {
+            album->Highlighted.Set(0, marked);
+            const QImage list = ListOf(album);
+            EXPECT_NE(ColorAt(list, list.width() / 2, 0), Look::Stripe(0)) << "The selection can't be seen.";
+            // The row's own colour is still to be seen.
+            EXPECT_EQ(ColorAt(list, 1, 0), marked ? Look::kHighlightedRow : Look::Stripe(0));
+        }
+    }
+}
+
+TEST(Listbox, ClosesWithRowsThatAreNotYetOnTheScreen) {
+    const TestFolder folder{"a.mp3"};
+    const RunningApplication application;
+    application.AddAndOpenAlbum(folder.Path());
+    for (int i = 0; i < 100; ++i) {
+        application.Album(0)->TheListBox()->AddRow({"a", "", "", "", ""});
+    }
+    const QPointer<QWidget> list = &WidgetOf(application.Album(0), "TheListBox");
+    application.Album(0)->Close();
+    application.Albums()->CatalogWindows.Set(0, {}); // the last handle
+    WaitFor([&list] { return list == nullptr; }, "the album's widgets have gone");
+}
+
+TEST(Listbox, RepeatsOfAHeldKeyThatComeTooLateAreDropped) {
+    const TestFolder folder;
+    for (int i = 100; i < 200; ++i) {
+        folder.Write(std::to_string(i) + ".mp3");
+    }
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    QWidget& list = WidgetOf(album, "TheListBox");
+    constexpr std::int64_t kNow = 1'000'000; // the window system's clock, in milliseconds
+    const auto hold = [&](std::int64_t time, bool repeats) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, QString(), repeats);
+        event.setTimestamp(static_cast<quint64>(time));
+        QApplication::sendEvent(&list, &event);
+    };
+    hold(kNow, false);
+    EXPECT_EQ(album->TheListBox()->ListIndex(), 1);
+    for (std::int64_t i = 1; i <= 20; ++i) {
+        hold(kNow - 3000 + i * 30, true); // they have waited for seconds
+    }
+    EXPECT_EQ(album->TheListBox()->ListIndex(), 1);
+    hold(kNow, true);
+    EXPECT_EQ(album->TheListBox()->ListIndex(), 2);
+    hold(kNow - 3000, false); // a press of its own is never dropped
+    EXPECT_EQ(album->TheListBox()->ListIndex(), 3);
+}
+
+} // namespace
+} // namespace folimark::test

@@ -1,0 +1,165 @@
+#include "Answers.h"
+#include "Application.h"
+#include "ControlTable.h"
+#include "GlobalData.h"
+#include "NativeWindow.h"
+#include "RunningApplication.h"
+#include "TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <QMenuBar>
+
+namespace folimark::test {
+namespace {
+
+/// Where the window's content stands, as the window system has it.
+QPoint PlaceOfContent(const Ref<Window>& window) {
+    return window->Native().frame->Content()->mapToGlobal(QPoint(0, 0));
+}
+
+TEST(Window, APlaceThatWasSetIsReadAndIsWhereTheContentStands) {
+    const TestFolder folder{"a.mp3"};
+    const RunningApplication application;
+    const Ref<aCatalogsWindow> albums = application.Albums();
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    for (const Ref<Window>& window : {Ref<Window>(albums), Ref<Window>(album)}) {
+        window->Left(31);
+        window->Top(147);
+        Settle();
+        EXPECT_EQ(PlaceOfContent(window), QPoint(31, 147));
+        EXPECT_EQ(QPoint(window->Left(), window->Top()), QPoint(31, 147));
+    }
+    albums->Show();
+    Settle();
+    album->Show();
+    Settle();
+    album->Native().frame->move(200, 300); // as a drag of its title does
+    Settle();
+    EXPECT_EQ(PlaceOfContent(album), QPoint(album->Left(), album->Top()));
+    EXPECT_GT(album->Top(), 300);
+    EXPECT_EQ(album->Width(), 1470);
+    EXPECT_EQ(album->Native().frame->Content()->size(), QSize(1470, 634));
+    EXPECT_EQ(album->Native().frame->width(), 1470);
+    EXPECT_EQ(WidgetOf(album, "TheCanvas").mapToGlobal(QPoint(0, 0)),
+              PlaceOfContent(album) + QPoint(1150, 52));
+    EXPECT_THROW(DragHeight(album, 650), RobotFailure);
+}
+
+TEST(Window, BarsLieOutsideOfTheHeightAndTheListFollowsIt) {
+    const TestFolder folder;
+    const RunningApplication application;
+    const Ref<aCatalogsWindow> albums = application.Albums();
+    const WindowFrame& frame = *albums->Native().frame;
+    const auto check = [&](int height) {
+        EXPECT_EQ(albums->Height(), height);
+        EXPECT_EQ(albums->TheListBox()->Height(), height);
+        EXPECT_EQ(WidgetOf(albums, "TheListBox").height(), height);
+        EXPECT_EQ(frame.height(), frame.menuBar()->height() + albums->CatalogsToolBar()->Height() + height);
+        EXPECT_EQ(frame.width(), 513);
+    };
+    check(257);
+    for (const int height : {400, 129}) {
+        DragHeight(albums, height);
+        check(height);
+    }
+    EXPECT_THROW(DragHeight(albums, 128), RobotFailure);
+}
+
+TEST(Window, TheAlbumsWindowFitsItsList) {
+    const std::pair<int, int> cases[] = {{0, 257}, {15, 257}, {16, 273}, {20, 337}, {2000, -1}};
+    for (const auto& [count, height] : cases) {
+        const TestFolder folder;
+        std::string lines;
+        for (int i = 0; i < count; ++i) {
+            lines += "Computer:" + std::to_string(i) + ":\n";
+        }
+        RunningApplication::WriteListFile(lines);
+        const RunningApplication application;
+        const Ref<aCatalogsWindow> albums = application.Albums();
+        const int most =
+            (Screen(0).AvailableHeight() - 2 * albums->CatalogsToolBar()->Height()) / 16 * 16 + 1;
+        EXPECT_EQ(albums->Height(), height < 0 ? most : height) << count;
+        EXPECT_EQ(albums->TheListBox()->Height(), albums->Height());
+    }
+}
+
+/// Notes its events.
+class Probe : public Window {
+  public:
+    Probe() { Build(); }
+
+    static inline std::string events;
+    static inline bool fails = false;
+    bool staysOpen = false;
+
+    void Event_Open() override { events += "Open "; }
+    void Event_Activate() override {
+        events += "Activate ";
+        if (fails) {
+            throw OutOfBoundsException("on purpose");
+        }
+    }
+    bool Event_CancelClose(bool appQuitting) override {
+        events += appQuitting ? "CancelClose(quitting) " : "CancelClose ";
+        return staysOpen;
+    }
+    void Event_Close() override { events += "Close "; }
+
+  protected:
+    void Layout() override {
+        Apply({.title = "Probe", .width = 100, .height = 80, .minHeight = 10, .maxHeight = 90});
+    }
+    void CreateControls() override {
+        static constexpr ControlRow kControls[] = {{.name = "Button",
+                                                    .controlClass = ControlClass::PushButton,
+                                                    .width = 80,
+                                                    .height = 20,
+                                                    .text = "Go"}};
+        BuildControls(*this, kControls);
+        Control<PushButton>("Button")->Open = [] { events += "Button.Open "; };
+        EXPECT_THROW(Control<PushButton>("Other"), NameNotFoundException);
+        EXPECT_THROW(Control<Label>("Button"), NameNotFoundException);
+    }
+};
+
+TEST(Window, EventsComeInTheirOrder) {
+    const TestFolder folder;
+    const RunningApplication application;
+    const auto events = [] { return std::exchange(Probe::events, ""); };
+    Probe::fails = false;
+    const Ref<Probe> probe = New<Probe>();
+    EXPECT_EQ(events(), "Button.Open Open ");
+    probe->Show();
+    EXPECT_EQ(events(), "Activate "); // inside Show
+    Settle();
+    events();
+    probe->staysOpen = true;
+    CloseByFrame(probe);
+    EXPECT_EQ(events(), "CancelClose ");
+    EXPECT_EQ(probe->ControlCount(), 1);
+    application.Albums()->Show();
+    Settle();
+    probe->Show();
+    Settle();
+    EXPECT_EQ(events(), "Activate "); // each time that it comes to the front
+    probe->staysOpen = false;
+    CloseByFrame(probe);
+    EXPECT_EQ(events(), "CancelClose Close ");
+    probe->Close();
+    probe->Show();
+    probe->Left(5);
+    probe->Title("closed");
+    EXPECT_EQ(probe->ControlCount(), 0);
+    EXPECT_EQ(events(), "");
+
+    Probe::fails = true;
+    const Ref<Probe> failing = New<Probe>();
+    EXPECT_THROW(failing->Show(), OutOfBoundsException);
+    Probe::fails = false;
+    failing->Close();
+    EXPECT_EQ(events(), "Button.Open Open Activate CancelClose Close ");
+}
+
+} // namespace
+} // namespace folimark::test

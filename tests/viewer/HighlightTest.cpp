@@ -1,0 +1,153 @@
+#include "Answers.h"
+#include "GlobalData.h"
+#include "RunningApplication.h"
+#include "TestFolder.h"
+#include "aHilightWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+namespace folimark::test {
+namespace {
+
+const char* const kConjunctions[] = {"Select any qualification",
+                                     "And the phrase:", "Or the phrase:", "But not the phrase:"};
+
+/// Clears a field and types into it.
+void Enter(const Ref<Window>& dialog, const std::string& field, const std::string& text) {
+    QWidget& widget = WidgetOf(dialog, field);
+    ClickAt(widget, widget.rect().center());
+    Press(Qt::Key_A, Qt::ControlModifier);
+    Press(Qt::Key_Delete);
+    Type(text);
+}
+
+void Search(const Ref<aListWindow>& album, const std::string& phrase1, int join, const std::string& phrase2) {
+    const Answers answers{{kHighlightDialog, "", [&](const Ref<Window>& dialog) {
+                               Enter(dialog, "PhraseTextField", phrase1);
+                               ChooseRow(dialog, "ConjunctionPopUpMenu", kConjunctions[join]);
+                               if (join > 0) {
+                                   Enter(dialog, "ConjoinedPhraseTextField", phrase2);
+                               }
+                               Click(dialog, "OK");
+                           }}};
+    Click(album, "Highlight…");
+}
+
+std::string Marks(const Ref<aListWindow>& album) {
+    std::string marks;
+    for (std::int64_t row = 0; row <= album->Highlighted.Ubound(); ++row) {
+        marks += album->Highlighted(row) ? 'x' : '.';
+    }
+    return marks;
+}
+
+TEST(Highlight, PhrasesAreJoined) {
+    struct Case {
+        const char* phrase1;
+        int join;
+        const char* phrase2;
+        const char* marks;
+    };
+    const Case cases[] = {
+        {"BEACH", 0, "", "xx..x."},    {"beach", 1, "sun", ".x..x."},  {"beach", 2, "sun", "xx.xx."},
+        {"beach", 3, "sun", "x....."}, {"Tag 1 → S", 0, "", "....x."}, {"ß", 0, "", ".....x"},
+        {"no such", 0, "", "......"},  {"beach", 1, "", "xx..x."}, // no second phrase: the first alone
+        {" ", 0, "", ".x..xx"},
+    };
+    const TestFolder folder{"beach.mp3", "Beachfront sun.mp3",         "Sun.mp3",
+                            "none.mp3",  "Tag 1/Sun at the Beach.mp3", "zum Spaß.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    ASSERT_EQ(Names(album->TheListBox()),
+              "beach.mp3, Beachfront sun.mp3, none.mp3, Sun.mp3, Tag 1 → Sun at the Beach.mp3, zum Spaß.mp3");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.phrase1) + " " + std::to_string(c.join) + " " + c.phrase2);
+        Search(album, c.phrase1, c.join, c.phrase2);
+        EXPECT_EQ(Marks(album), c.marks);
+        const auto count = std::count(c.marks, c.marks + std::strlen(c.marks), 'x');
+        EXPECT_EQ(album->HighlightCountLabel()->Text(), std::to_string(count) + " Media Files Highlighted");
+        EXPECT_EQ(album->RemoveHighlightingPushButton()->Enabled(), count > 0);
+        EXPECT_TRUE(album->TheListBox()->Visible());
+    }
+    Choose("Edit", "Remove Highlighting");
+    EXPECT_EQ(Marks(album), "......");
+    EXPECT_THROW(Choose("Edit", "Remove Highlighting"), RobotFailure);
+}
+
+TEST(Highlight, TabGoesRoundTheMarkedRows) {
+    struct Case {
+        const char* marked; // the phrase
+        int from;
+        bool back;
+        int to;
+    };
+    const Case cases[] = {{"x", 5, false, 9}, {"x", 9, false, 2}, {"x", 2, true, 9},  {"x", 9, true, 5},
+                          {"y", 4, false, 4}, {"y", 4, true, 4},  {"y", 7, false, 4}, {"none", 3, false, 3}};
+    const TestFolder folder;
+    for (int i = 0; i < 10; ++i) {
+        folder.Write(std::to_string(i) + (i == 2 || i == 5 || i == 9 ? " x" : "") + (i == 4 ? " y" : "")
+                     + ".wav");
+    }
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    for (const Case& c : cases) {
+        Search(album, c.marked, 0, "");
+        ClickRow(album, c.from);
+        Press(c.back ? Qt::Key_Backtab : Qt::Key_Tab, c.back ? Qt::ShiftModifier : Qt::NoModifier);
+        EXPECT_EQ(album->TheListBox()->ListIndex(), c.to) << c.marked << " from " << c.from;
+        EXPECT_TRUE(WidgetOf(album, "TheListBox").hasFocus());
+    }
+    // Marks belong to positions: sorting moves the rows and not the marks.
+    Search(album, "x", 0, "");
+    ClickHeading(album, "Media files in this album");
+    EXPECT_EQ(Marks(album), "..x..x...x");
+}
+
+TEST(Highlight, TheDialogKeepsTheLastAcceptedSearch) {
+    using namespace GlobalData;
+    const TestFolder folder{"a.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    const auto ask = [&](const std::function<void(const Ref<aHilightWindow>&)>& use) {
+        const Answers answers{
+            {kHighlightDialog, "", [&](const Ref<Window>& window) { use(window.As<aHilightWindow>()); }}};
+        Press(Qt::Key_L, Qt::ControlModifier);
+        return HighlightPhrase1 + "|" + std::to_string(HighlightType) + "|" + HighlightPhrase2 + "|"
+               + (HighlightOK ? "OK" : "Cancel");
+    };
+    Search(album, "a", 2, "b");
+    EXPECT_EQ(ask([&](const auto& dialog) {
+                  EXPECT_EQ(dialog->PhraseTextField()->Text(), "a");
+                  EXPECT_EQ(dialog->ConjunctionPopUpMenu()->ListIndex(), 2);
+                  EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "b");
+                  EXPECT_EQ(QApplication::focusWidget(), &WidgetOf(dialog, "ConjoinedPhraseTextField"));
+                  Enter(dialog, "PhraseTextField", "other");
+                  EXPECT_THROW(Click(album, "Show Folimark Window"), RobotFailure); // it is modal
+                  Press(Qt::Key_Escape);
+              }),
+              "a|2|b|Cancel");
+    EXPECT_EQ(ask([](const auto& dialog) {
+                  ChooseRow(dialog, "ConjunctionPopUpMenu", kConjunctions[0]);
+                  EXPECT_THROW(Enter(dialog, "ConjoinedPhraseTextField", "hidden"), RobotFailure);
+                  Press(Qt::Key_Return);
+              }),
+              "a|0||OK");
+    EXPECT_EQ(ask([](const auto& dialog) {
+                  ChooseRow(dialog, "ConjunctionPopUpMenu", kConjunctions[1]);
+                  Enter(dialog, "ConjoinedPhraseTextField", "b");
+                  Enter(dialog, "PhraseTextField", "");
+                  {
+                      const Answers answers{{"No phrase has been entered", "OK"}};
+                      Click(dialog, "OK");
+                  }
+                  EXPECT_EQ(dialog->ConjunctionPopUpMenu()->ListIndex(), 1);
+                  EXPECT_GT(dialog->ControlCount(), 0);
+                  Click(dialog, "Cancel");
+              }),
+              "a|0||Cancel");
+}
+
+} // namespace
+} // namespace folimark::test

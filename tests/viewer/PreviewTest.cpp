@@ -1,0 +1,90 @@
+#include "Answers.h"
+#include "RunningApplication.h"
+#include "TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <QPainter>
+
+#include <filesystem>
+
+namespace folimark::test {
+namespace {
+
+constexpr QRgb kTint = 0xFFFFFFCC;
+
+TEST(Preview, PicturesAreFitted) {
+    struct Case {
+        int width, height;
+        std::array<int, 4> fitted;
+    };
+    const Case cases[] = {
+        {1024, 768, {0, 75, 300, 225}},  {4000, 3000, {0, 74, 300, 225}}, {3000, 4000, {37, 0, 225, 300}},
+        {1200, 1600, {37, 0, 225, 300}}, {100, 50, {0, 150, 300, 150}},   {50, 100, {75, 0, 150, 300}},
+        {300, 300, {0, 0, 300, 300}},    {1, 1, {0, 0, 300, 300}},        {291, 100, {0, 196, 299, 103}},
+        {32767, 1, {0, 299, 300, 0}},
+    };
+    const TestFolder folder{"a.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    for (const Case& c : cases) {
+        std::array<int, 4> fitted{};
+        album->ResizeAndRepositionImage(New<Picture>(c.width, c.height, 8), fitted[0], fitted[1], fitted[2],
+                                        fitted[3]);
+        EXPECT_EQ(fitted, c.fitted) << c.width << " by " << c.height;
+    }
+}
+
+QImage Preview(const Ref<aListWindow>& album) {
+    Settle();
+    return WidgetOf(album, "TheCanvas").grab().toImage().convertToFormat(QImage::Format_ARGB32);
+}
+
+TEST(Preview, ShowsTheSelectedFileAndNothingOfTheLast) {
+    const TestFolder folder{"b broken.jpg", "d film.mp4", "e sound.wav"};
+    QImage red(100, 50, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    ASSERT_TRUE(red.save(QString::fromStdString(folder.Path("a red.png"))));
+    std::filesystem::copy(PICTURE_FILES "page.pdf", folder.Path("c page.pdf"));
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    const QImage first = Preview(album);
+    EXPECT_EQ(first.pixel(150, 140), kTint); // it stands on the lower edge
+    EXPECT_EQ(first.pixel(10, 160), QColor(Qt::red).rgba());
+    EXPECT_EQ(first.pixel(290, 290), QColor(Qt::red).rgba());
+    EXPECT_EQ(album->EditPushButton()->Caption(), "Open Image File  ⌘O");
+    const char* captions[] = {"Open Image File  ⌘O", "Open PDF file  ⌘O", "Open Video File  ⌘O",
+                              "Open Audio File  ⌘O"};
+    QImage last = first;
+    for (int row = 1; row <= 4; ++row) {
+        Press(Qt::Key_Down);
+        const QImage now = Preview(album);
+        EXPECT_NE(now, last) << row;
+        QImage blank(now.size(), now.format());
+        blank.fill(kTint);
+        EXPECT_NE(now, blank) << row;
+        EXPECT_EQ(album->EditPushButton()->Caption(), captions[row - 1]);
+        last = now;
+    }
+}
+
+TEST(Preview, AFileThatHasGoneClosesTheAlbum) {
+    const TestFolder folder{"a.mp3", "b.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    std::filesystem::remove(folder.Path("b.mp3"));
+    {
+        const Answers answers{
+            {"This media file no longer exists in this album. It has been removed from this "
+             "album, renamed or deleted.",
+             "OK"}};
+        ClickRow(album, 1);
+    }
+    EXPECT_EQ(album->ControlCount(), 0);
+    EXPECT_EQ(application.Labels(), "Album");
+    Click(application.Albums(), "Open Album");
+    EXPECT_EQ(Names(application.Album(0)->TheListBox()), "a.mp3");
+}
+
+} // namespace
+} // namespace folimark::test
