@@ -1,0 +1,13 @@
+# cmake -DTOUR=executable -DPICTURES=folder -P RunTour.cmake: the tour comes to its end and leaves its pictures.
+file(REMOVE_RECURSE ${PICTURES})
+execute_process(COMMAND ${TOUR} ${PICTURES} COMMAND_ERROR_IS_FATAL ANY)
+file(GLOB steps ${PICTURES}/[0-9]*.png)
+list(LENGTH steps count)
+if(count LESS 30)
+  message(FATAL_ERROR "The tour has left ${count} pictures only.")
+endif()
+foreach(picture albums album highlight dialog)
+  if(NOT EXISTS ${PICTURES}/help/${picture}.png)
+    message(FATAL_ERROR "The tour has left no picture help/${picture}.png.")
+  endif()
+endforeach()
