@@ -1,5 +1,6 @@
 #include "FileReplacement.h"
 
+#include "Descriptor.h"
 #include "Exceptions.h"
 #include "Place.h"
 
@@ -20,24 +21,6 @@ namespace {
 /// As many as the system itself follows.
 constexpr int kMostLinks = 40;
 
-class Descriptor {
-  public:
-    explicit Descriptor(int number = -1) : number_(number) {}
-    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-    Descriptor& operator=(Descriptor other) noexcept {
-        std::swap(number_, other.number_);
-        return *this;
-    }
-    ~Descriptor() { Close(); }
-
-    int Number() const { return number_; }
-    explicit operator bool() const { return number_ >= 0; }
-    int Close() { return number_ < 0 ? 0 : close(std::exchange(number_, -1)); }
-
-  private:
-    int number_;
-};
-
 std::string FolderOf(const std::string& path) {
     return path.substr(0, path.rfind('/'));
 }
@@ -53,7 +36,7 @@ class Replacement {
     Replacement& operator=(const Replacement&) = delete;
     ~Replacement() {
         if (!temporary_.empty()) {
-            unlinkat(folder_.Number(), temporary_.c_str(), 0);
+            unlinkat(folder_.Get(), temporary_.c_str(), 0);
         }
     }
 
@@ -94,7 +77,7 @@ void Replacement::OpenFolder() {
 void Replacement::FollowLinks() {
     std::array<char, PATH_MAX> target{};
     for (int links = 0;; ++links) {
-        const ssize_t length = readlinkat(folder_.Number(), name_.c_str(), target.data(), target.size());
+        const ssize_t length = readlinkat(folder_.Get(), name_.c_str(), target.data(), target.size());
         if (length < 0 && (errno == EINVAL || errno == ENOENT)) {
             return; // no link, or nothing at all
         }
@@ -109,7 +92,7 @@ void Replacement::FollowLinks() {
         }
         if (path.find('/') != std::string::npos) {
             const std::string folder = FolderOf(path) + "/";
-            folder_ = Descriptor(openat(folder_.Number(), folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+            folder_ = Descriptor(openat(folder_.Get(), folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
             Check(static_cast<bool>(folder_));
         }
     }
@@ -117,7 +100,7 @@ void Replacement::FollowLinks() {
 
 void Replacement::CheckOldFile() {
     struct stat status {};
-    if (fstatat(folder_.Number(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
+    if (fstatat(folder_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
         Check(errno == ENOENT);
         return;
     }
@@ -125,7 +108,7 @@ void Replacement::CheckOldFile() {
         Fail(S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
     }
     // The renaming would pass over the write protection of the file itself.
-    Check(faccessat(folder_.Number(), name_.c_str(), W_OK, AT_EACCESS) == 0);
+    Check(faccessat(folder_.Get(), name_.c_str(), W_OK, AT_EACCESS) == 0);
     old_ = status;
 }
 
@@ -135,32 +118,32 @@ void Replacement::Write(std::string_view text) {
     do {
         std::array<char, 32> name{};
         std::snprintf(name.data(), name.size(), ".folimark-%08x%08x", random(), random());
-        file = Descriptor(openat(folder_.Number(), name.data(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                                 S_IRUSR | S_IWUSR));
+        file = Descriptor(
+            openat(folder_.Get(), name.data(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
         temporary_ = file ? name.data() : "";
     } while (!file && errno == EEXIST);
     Check(static_cast<bool>(file));
 
     while (!text.empty()) {
-        const ssize_t written = write(file.Number(), text.data(), text.size());
+        const ssize_t written = write(file.Get(), text.data(), text.size());
         Check(written >= 0 || errno == EINTR);
         text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
     }
     if (old_) {
         // Another owner can be kept by the superuser only, who must not take the file away from the user.
-        Check(fchown(file.Number(), old_->st_uid, old_->st_gid) == 0 || errno == EPERM);
-        Check(fchmod(file.Number(), old_->st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) == 0);
+        Check(fchown(file.Get(), old_->st_uid, old_->st_gid) == 0 || errno == EPERM);
+        Check(fchmod(file.Get(), old_->st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) == 0);
     }
-    Check(fsync(file.Number()) == 0);
+    Check(fsync(file.Get()) == 0);
     Check(file.Close() == 0);
 }
 
 void Replacement::TakeTheName() {
-    Check(renameat(folder_.Number(), temporary_.c_str(), folder_.Number(), name_.c_str()) == 0);
+    Check(renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) == 0);
     temporary_.clear();
     // A folder that may not be read can't be synced by us, and some file systems don't know how to.
-    const Descriptor folder(openat(folder_.Number(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    Check(!folder || fsync(folder.Number()) == 0 || errno == EINVAL);
+    const Descriptor folder(openat(folder_.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    Check(!folder || fsync(folder.Get()) == 0 || errno == EINVAL);
 }
 
 } // namespace

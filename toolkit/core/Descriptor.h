@@ -10,18 +10,17 @@ class Descriptor {
   public:
     explicit Descriptor(int descriptor = -1) : descriptor_(descriptor) {}
     Descriptor(Descriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
+    Descriptor& operator=(Descriptor other) noexcept {
         std::swap(descriptor_, other.descriptor_);
         return *this;
     }
-    ~Descriptor() {
-        if (descriptor_ >= 0) {
-            close(descriptor_);
-        }
-    }
+    ~Descriptor() { Close(); }
 
     int Get() const { return descriptor_; }
     explicit operator bool() const { return descriptor_ >= 0; }
+
+    /// Closes it now, for those who have to know whether that went well: 0, or -1 with errno set.
+    int Close() { return descriptor_ < 0 ? 0 : close(std::exchange(descriptor_, -1)); }
 
   private:
     int descriptor_;
