@@ -26,17 +26,14 @@ constexpr WindowLayout kLayout{
 };
 
 constexpr std::string_view kListHelp =
-    "This is a list of albums that have been created on my computer. Click on an album in the list to select "
-    "that "
-    "album and apply the tools shown above.\r\r"
+    "This is a list of albums that have been created on my computer. Click on an album in the list to "
+    "select that album and apply the tools shown above.\r\r"
     "As a shortcut, double-click on an album in the list to open that album in it's own window where a list "
-    "of "
-    "the media files it contains can be viewed.\r\r"
+    "of the media files it contains can be viewed.\r\r"
     "(If the album contains many media files, a grabbing hand cursor will be displayed.)\r\r"
     "This list can be resized to any length greater than its initial length.\r\r"
-    "To navigate the list with the keyboard, use the ↑, ↓, home (or fn←), end (or fn→), page up (or fn↑) and "
-    "page "
-    "down (or fn↓) keys.";
+    "To navigate the list with the keyboard, use the ↑, ↓, home (or fn←), end (or fn→), page up (or fn↑) "
+    "and page down (or fn↓) keys.";
 
 constexpr ControlRow kControls[] = {
     {.name = "TheListBox",
@@ -48,10 +45,11 @@ constexpr ControlRow kControls[] = {
      .tabIndex = 11,
      .helpTag = kListHelp,
      .accessibleName = "Albums",
+     .initialValue = " ",
      .horizontalScrollBar = true},
 };
 
-// The design height holds 16 rows and a line; no fewer albums change it.
+// The design height holds 16 rows and a line. With that many lines in the file, or fewer, it stays.
 constexpr std::int64_t kDesignRows = 16;
 
 } // namespace
@@ -76,7 +74,7 @@ void aCatalogsWindow::_CreateControls0() {
 
     const Ref<aCatalogsToolBar> toolbar = New<aCatalogsToolBar>();
     toolbar->Action = [this](Toolbar& bar, ToolItem& item) { CatalogsToolBar_Action(bar, item); };
-    toolbar->Open = [this] { CatalogsToolBar_Open(); };
+    toolbar->Open = [this] { CatalogsToolBar_Open(*CatalogsToolBar()); };
     AddControl(toolbar, "CatalogsToolBar", 0, 0, 0, 0);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Array.h"
 #include "ControlTable.h"
+#include "MenuBarWindow.h"
 #include "aCatalogsToolBar.h"
 #include "aListWindow.h"
 
@@ -19,7 +20,7 @@ namespace folimark {
 /// The rows are the truth while the application runs, and the album list file follows each change at once. An
 /// album leaves the list when the user trashes it, or when opening it finds its folder gone or without any
 /// media.
-class aCatalogsWindow : public Window {
+class aCatalogsWindow : public MenuBarWindow {
   public:
     aCatalogsWindow() { Build(); }
 
@@ -44,9 +45,10 @@ class aCatalogsWindow : public Window {
     void Event_Resized() override;
     void Event_Resizing() override;
 
-    /// Searches a folder's tree for a visible media file and sets AnyPictures if there is one.
-    void LookForAnyPicturesIn(const Ref<FolderItem>& folder);
-    /// Replaces all rows and slots by those of the file, which is created if it is missing. Raises
+    /// Searches a folder's tree for a visible media file and sets AnyPictures if there is one. Yields.
+    /// \returns the native path of the first folder that could not be read; "" if all could.
+    std::string LookForAnyPicturesIn(const Ref<FolderItem>& folder);
+    /// Replaces all rows and slots by those of the file, which is created if there is none. Raises
     /// IOException if it can't be read as a whole.
     void GetCatalogList(const Ref<FolderItem>& f);
     /// Replaces the file as a whole, or raises IOException and leaves it as it was.
@@ -83,7 +85,7 @@ class aCatalogsWindow : public Window {
     void TheListBox_Change(Listbox& list);
     void TheListBox_DoubleClick(Listbox& list);
     void CatalogsToolBar_Action(Toolbar& toolbar, ToolItem& item);
-    void CatalogsToolBar_Open();
+    void CatalogsToolBar_Open(aCatalogsToolBar& toolbar);
 
     bool _FileAboutFolimark_Action();
     bool _HelpFolimarkHelp_Action();
@@ -96,8 +98,10 @@ class aCatalogsWindow : public Window {
     void ClearStale(std::int64_t row);
     /// The row whose slot holds the window; -1 if none does.
     std::int64_t RowOf(const Ref<aListWindow>& window) const;
-    /// Shows an album's window, and does what is to be done if that fails.
+    /// Shows an album's window. If it finds its folder gone or without media, the album leaves the list; if
+    /// the folder can't be read, the user is told. Any other failure is raised.
     void ShowCatalog(const Ref<aListWindow>& window);
+    /// Closes the window, tells the user, and takes its album out of the list.
     void RemoveFailedCatalog(const Ref<aListWindow>& window);
     void AddCatalogFolder(const Ref<FolderItem>& folder);
     /// Closes the window in the slot, if there is one, and empties the slot.

@@ -24,7 +24,7 @@ void aCatalogsWindow::GetCatalogList(const Ref<FolderItem>& f) {
     TheListBox()->DeleteAllRows();
     CatalogWindows.Redim(-1);
     std::int64_t n = 1;
-    if (!f->Exists()) {
+    if (f->Gone()) {
         TextOutputStream::Create(f)->Close();
         return;
     }

@@ -5,15 +5,18 @@
 #include "Yield.h"
 #include "aCatalogsWindow.h"
 
+#include <optional>
+
 namespace folimark {
 namespace {
 
-class Flag {
+/// Holds a flag up for as long as it lives.
+class RaisedFlag {
   public:
-    explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
-    Flag(const Flag&) = delete;
-    Flag& operator=(const Flag&) = delete;
-    ~Flag() { flag_ = false; }
+    explicit RaisedFlag(bool& flag) : flag_(flag) { flag_ = true; }
+    RaisedFlag(const RaisedFlag&) = delete;
+    RaisedFlag& operator=(const RaisedFlag&) = delete;
+    ~RaisedFlag() { flag_ = false; }
 
   private:
     bool& flag_;
@@ -22,10 +25,7 @@ class Flag {
 } // namespace
 
 void aCatalogsWindow::zAddCatalog() {
-    if (adding_) {
-        return; // The search through the last folder is still going on.
-    }
-    const Flag adding(adding_);
+    const RaisedFlag adding(adding_);
     const Ref<SelectFolderDialog> dialog = New<SelectFolderDialog>();
     dialog->ActionButtonCaption("Choose");
     dialog->Title("Create an Album");
@@ -37,9 +37,11 @@ void aCatalogsWindow::zAddCatalog() {
         return;
     }
     AnyPictures = false;
-    LookForAnyPicturesIn(folder);
+    const std::string unread = LookForAnyPicturesIn(folder);
     if (!AnyPictures) {
-        GlobalData::MessageBox1(3, "OK", "This folder does not contain any media files.",
+        GlobalData::MessageBox1(3, "OK",
+                                unread.empty() ? "This folder does not contain any media files."
+                                               : "This folder could not be read: “" + unread + "”.",
                                 "Please choose another folder.");
         return;
     }
@@ -48,31 +50,29 @@ void aCatalogsWindow::zAddCatalog() {
 
 void aCatalogsWindow::AddCatalogFolder(const Ref<FolderItem>& folder) {
     const std::string path = folder->AbsolutePath();
-    std::string existing;
-    bool exists = false;
+    std::optional<std::string> existing;
     {
         const RowsInUse rows(*this);
-        for (std::int64_t r = 0; r <= TheListBox()->LastIndex() && !exists; ++r) {
+        for (std::int64_t r = 0; r <= TheListBox()->LastIndex() && !existing; ++r) {
             if (EqualText(path, TheListBox()->RowTag(r))) {
-                exists = true;
                 existing = TheListBox()->Cell(r, 0);
             }
             RuntimeBackgroundTask();
         }
-        if (!exists) {
+        if (!existing) {
             AddToCatalogList(path);
             PutCatalogList(AlbumListFile());
         }
     }
-    if (exists) {
-        GlobalData::MessageBox1(1, "OK", "The album “" + existing + "” has already been cteated.", "");
+    if (existing) {
+        GlobalData::MessageBox1(1, "OK", "The album “" + *existing + "” has already been cteated.", "");
         return;
     }
     GlobalData::MessageBox1(1, "OK", "The album “" + MakeCatalogLabel(path) + "” has been created.", "");
     EnableCatalogButtons();
 }
 
-void aCatalogsWindow::LookForAnyPicturesIn(const Ref<FolderItem>& folder) {
+std::string aCatalogsWindow::LookForAnyPicturesIn(const Ref<FolderItem>& folder) {
     TreeWalk walk(folder);
     while (!AnyPictures && walk.Next()) {
         const Ref<FolderItem> item = walk.Item();
@@ -85,6 +85,7 @@ void aCatalogsWindow::LookForAnyPicturesIn(const Ref<FolderItem>& folder) {
         }
         RuntimeBackgroundTask();
     }
+    return walk.Unreadable();
 }
 
 void aCatalogsWindow::AddToCatalogList(const std::string& path) {

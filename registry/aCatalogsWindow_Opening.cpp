@@ -61,46 +61,42 @@ void aCatalogsWindow::ShowCatalog(const Ref<aListWindow>& window) {
         if (IsQuitting()) {
             throw;
         }
-    } catch (const RuntimeException& error) {
-        const bool closedMeanwhile = window->ControlCount() == 0;
-        window->Close();
-        if (!closedMeanwhile) {
-            // Only an album that is known to be gone, or to hold no media, leaves the list.
-            const bool gone = !folder || !folder->Exists();
-            const bool empty = window->TheListBox()->LastIndex() < 0 && window->UnreadFolder.empty();
-            if (!gone && !empty) {
-                if (!window->UnreadFolder.empty()) {
-                    throw IOException("This folder could not be read: “" + window->UnreadFolder
-                                      + "”. The album stays in the list.");
-                }
+    } catch (const RuntimeException&) {
+        if (window->ControlCount() > 0) { // of a window that has gone meanwhile nobody wants to know
+            const bool empty = window->TheListBox()->LastIndex() < 0;
+            const std::string unread = window->UnreadFolder;
+            if (!empty && folder && !folder->Gone()) {
+                window->Close();
                 throw;
             }
-            RemoveFailedCatalog(window);
-            return;
+            // Only an album that is known to be gone, or to hold no media, leaves the list.
+            if (empty && !unread.empty()) {
+                window->Close();
+                GlobalData::MessageBox1(3, "OK", "This folder could not be read: “" + unread + "”.",
+                                        "The album stays in the list.");
+            } else {
+                RemoveFailedCatalog(window);
+            }
         }
     }
     EnableCatalogButtons();
 }
 
 void aCatalogsWindow::RemoveFailedCatalog(const Ref<aListWindow>& window) {
-    // The user may have selected another album meanwhile, or trashed this one.
-    std::int64_t row = RowOf(window);
+    // The row that the message is about is the one that goes, whatever is clicked meanwhile.
+    const RowsInUse rows(*this);
+    const std::int64_t row = RowOf(window);
+    window->Close();
     if (row < 0) {
-        EnableCatalogButtons();
-        return;
+        return; // The user has trashed the album during its scan.
     }
     TheListBox()->ListIndex(row);
     GlobalData::MessageBox1(
         3, "OK", "This album no longer exists, or the folder which it references has been moved or renamed.",
         "The album will be removed from the list.");
-    {
-        const RowsInUse rows(*this);
-        row = TheListBox()->ListIndex();
-        CatalogWindows.Remove(row);
-        TheListBox()->RemoveRow(row);
-        PutCatalogList(AlbumListFile());
-    }
-    EnableCatalogButtons();
+    CatalogWindows.Remove(row);
+    TheListBox()->RemoveRow(row);
+    PutCatalogList(AlbumListFile());
 }
 
 void aCatalogsWindow::zCloseCatalog() {
@@ -118,6 +114,7 @@ bool aCatalogsWindow::Event_CancelClose(bool /*appQuitting*/) {
 }
 
 void aCatalogsWindow::Event_Close() {
+    const RowsInUse rows(*this);
     for (std::int64_t r = 0; r <= TheListBox()->LastIndex(); ++r) {
         ClearStale(r);
         CloseSlot(r);
@@ -166,6 +163,7 @@ void aCatalogsWindow::StaggerWindows() {
     if (TheListBox()->LastIndex() < 0) {
         return;
     }
+    const RowsInUse rows(*this);
     int x = Left();
     int y = Top();
     for (std::int64_t r = 0; r <= TheListBox()->LastIndex(); ++r) {

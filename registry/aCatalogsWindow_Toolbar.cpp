@@ -57,7 +57,7 @@ class PushedScope {
 
 } // namespace
 
-void aCatalogsWindow::CatalogsToolBar_Open() {
+void aCatalogsWindow::CatalogsToolBar_Open(aCatalogsToolBar& toolbar) {
     for (const ToolRow& row : kTools) {
         const Ref<ToolButton> button = New<ToolButton>();
         this->*row.field = button;
@@ -71,13 +71,16 @@ void aCatalogsWindow::CatalogsToolBar_Open() {
             button->Enabled(true);
         }
         button->HelpTag(row.helpTag);
-        CatalogsToolBar()->Append(button);
+        toolbar.Append(button);
     }
 }
 
 void aCatalogsWindow::CatalogsToolBar_Action(Toolbar& /*toolbar*/, ToolItem& item) {
     for (const CommandRow& row : kCommands) {
         if (item.Name() == row.name) {
+            if (adding_ && row.button == &aCatalogsWindow::AddCatalogButton) {
+                return; // It stays down: the search through the last folder is still going on.
+            }
             const PushedScope scope(this->*row.button);
             if (rowsInUse_ == 0) {
                 (this->*row.command)();

@@ -9,7 +9,9 @@ void aCatalogsWindow::zDeleteCatalog() {
     if (list->LastIndex() < 0 || list->ListIndex() < 0) {
         return;
     }
-    const std::string label = list->Cell(list->ListIndex(), 0);
+    // The row that the question names is the one that goes.
+    const std::int64_t row = list->ListIndex();
+    const std::string label = list->Cell(row, 0);
     GlobalData::MessageBox2(4, "Trash", "Cancel", "Trash the “" + label + "” album?",
                             "Press Trash to trash the “" + label
                                 + "” album. The media files it contains will not be trashed.");
@@ -18,9 +20,9 @@ void aCatalogsWindow::zDeleteCatalog() {
     }
     {
         const RowsInUse rows(*this);
-        CloseSlot(list->ListIndex());
-        CatalogWindows.Remove(list->ListIndex());
-        list->RemoveRow(list->ListIndex());
+        CloseSlot(row);
+        CatalogWindows.Remove(row);
+        list->RemoveRow(row);
         PutCatalogList(AlbumListFile());
     }
     StaggerWindows();

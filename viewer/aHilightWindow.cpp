@@ -88,10 +88,10 @@ void aHilightWindow::CreateControls() {
 
 void aHilightWindow::_CreateControls0() {
     BuildControls(*this, kControls);
-    PhraseTextField()->Open = [this] { PhraseTextField_Open(); };
-    ConjunctionPopUpMenu()->Open = [this] { ConjunctionPopUpMenu_Open(); };
+    PhraseTextField()->Open = [this] { PhraseTextField_Open(*PhraseTextField()); };
+    ConjunctionPopUpMenu()->Open = [this] { ConjunctionPopUpMenu_Open(*ConjunctionPopUpMenu()); };
     ConjunctionPopUpMenu()->Change = [this](PopupMenu& menu) { ConjunctionPopUpMenu_Change(menu); };
-    ConjoinedPhraseTextField()->Open = [this] { ConjoinedPhraseTextField_Open(); };
+    ConjoinedPhraseTextField()->Open = [this] { ConjoinedPhraseTextField_Open(*ConjoinedPhraseTextField()); };
     OKPushButton()->Action = [this](PushButton& button) { OKPushButton_Action(button); };
     CancelPushButton()->Action = [this](PushButton& button) { CancelPushButton_Action(button); };
 }
@@ -115,21 +115,20 @@ Ref<PushButton> aHilightWindow::CancelPushButton() const {
     return Control<PushButton>("CancelPushButton");
 }
 
-void aHilightWindow::PhraseTextField_Open() {
-    PhraseTextField()->Text(GlobalData::HighlightPhrase1);
+void aHilightWindow::PhraseTextField_Open(TextField& field) {
+    field.Text(GlobalData::HighlightPhrase1);
 }
 
-void aHilightWindow::ConjoinedPhraseTextField_Open() {
-    ConjoinedPhraseTextField()->Text(GlobalData::HighlightPhrase2);
+void aHilightWindow::ConjoinedPhraseTextField_Open(TextField& field) {
+    field.Text(GlobalData::HighlightPhrase2);
 }
 
-void aHilightWindow::ConjunctionPopUpMenu_Open() {
-    const Ref<PopupMenu> menu = ConjunctionPopUpMenu();
-    menu->DeleteAllRows();
+void aHilightWindow::ConjunctionPopUpMenu_Open(PopupMenu& menu) {
+    menu.DeleteAllRows();
     for (const char* conjunction : kConjunctions) {
-        menu->AddRow(conjunction);
+        menu.AddRow(conjunction);
     }
-    menu->ListIndex(static_cast<int>(GlobalData::HighlightType));
+    menu.ListIndex(static_cast<int>(GlobalData::HighlightType));
 }
 
 void aHilightWindow::ConjunctionPopUpMenu_Change(PopupMenu& menu) {

@@ -25,10 +25,10 @@ class aHilightWindow : public Window {
   private:
     void _CreateControls0();
 
-    void PhraseTextField_Open();
-    void ConjunctionPopUpMenu_Open();
+    void PhraseTextField_Open(TextField& field);
+    void ConjunctionPopUpMenu_Open(PopupMenu& menu);
     void ConjunctionPopUpMenu_Change(PopupMenu& menu);
-    void ConjoinedPhraseTextField_Open();
+    void ConjoinedPhraseTextField_Open(TextField& field);
     void OKPushButton_Action(PushButton& button);
     void CancelPushButton_Action(PushButton& button);
 };

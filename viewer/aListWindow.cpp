@@ -24,11 +24,9 @@ constexpr WindowLayout kLayout{
 
 constexpr std::string_view kHighlightHelp =
     "Click this button to highlight entries which meet the criteria which are specified in the dialog box "
-    "that "
-    "appears. The criteria are (1) a simple phrase (which may be any sequence of characters) that appear in "
-    "the "
-    "first column of the entries or (2) a combination of two such phrases connected by And, Or or But "
-    "Not.\r\r"
+    "that appears. The criteria are (1) a simple phrase (which may be any sequence of characters) that "
+    "appear in the first column of the entries or (2) a combination of two such phrases connected by And, "
+    "Or or But Not.\r\r"
     "The phrases are not case-sensitive, i.e., upper case and lower case letters are treated as the same "
     "letter.\r\r"
     "Entries are highlighted with a \"cantaloupe\" color.\r\r"
@@ -198,7 +196,6 @@ Ref<Label> aListWindow::HighlightCountLabel() const {
 }
 
 void aListWindow::Event_Open() {
-    Highlighted.Redim(0);
     Opened = true;
 }
 
@@ -221,9 +218,13 @@ void aListWindow::Yield() {
 }
 
 void aListWindow::TheListBox_Change(Listbox& list) {
+    if (list.LastIndex() < 0) {
+        return; // A click before the scan has found anything.
+    }
     try {
         if (list.ListIndex() > list.LastIndex() || list.ListIndex() < 0) {
-            list.ListIndex(list.LastIndex());
+            list.ListIndex(list.LastIndex()); // This raises Change once more, which draws.
+            return;
         }
         DrawCatalogItem();
     } catch (const OutOfBoundsException&) {

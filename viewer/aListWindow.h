@@ -3,7 +3,7 @@
 #include "Array.h"
 #include "ControlTable.h"
 #include "FolderItem.h"
-#include "Window.h"
+#include "MenuBarWindow.h"
 
 #include <string>
 
@@ -14,10 +14,11 @@ namespace folimark {
 /// opening it again looks anew.
 ///
 /// While a loop of this window yields, the window may be closed; the loop then ends with an EndException.
-class aListWindow : public Window {
+class aListWindow : public MenuBarWindow {
   public:
     aListWindow() { Build(); }
 
+    /// True until the first activation, which fills the window.
     bool Opened = false;
     /// The album's folder.
     Ref<FolderItem> WindowCatalogFolder;
@@ -26,7 +27,8 @@ class aListWindow : public Window {
     /// The dialog of the last Highlight command.
     Ref<Window> HighlightWindow;
     /// One flag for each row's position; sorting by a heading moves the rows and not the flags.
-    Array<bool> Highlighted;
+    Array<bool> Highlighted{false};
+    /// How many of them are set.
     std::int64_t NumberHighlighted = 0;
     /// The native path of the first folder that the scan could not read; "" if it could read all.
     std::string UnreadFolder;
@@ -41,14 +43,6 @@ class aListWindow : public Window {
     Ref<PushButton> RemoveHighlightingPushButton() const;
     Ref<PushButton> HighlightPushButton() const;
     Ref<Label> HighlightCountLabel() const;
-
-    // Items of the menu bar, which all windows share.
-    Ref<MenuItem> FileHideColumns() const;
-    Ref<MenuItem> FileOpenFile() const;
-    Ref<MenuItem> FileShowFolimarkWindow() const;
-    Ref<MenuItem> FileAboutFolimark() const;
-    Ref<MenuItem> EditHighlight() const;
-    Ref<MenuItem> EditRemoveHighlighting() const;
 
     void Event_Open() override;
     void Event_Activate() override;
@@ -68,12 +62,17 @@ class aListWindow : public Window {
     void MakeAndShowCatalog();
     /// A file's path without the album's, which it has to start with.
     std::string GetCatalogPathWithoutTitle(const std::string& rootPath, const std::string& filePath) const;
+    /// Adds a row for each visible media file in the tree of `current`, which lies in that of `root`, and
+    /// sets UnreadFolder. Raises NilObjectException for nil.
     void ListCatalogFileNames(const Ref<FolderItem>& root, const Ref<FolderItem>& current);
+    /// Adds exactly one row, for a file in the tree of `root`.
     void ListBoxAddRow(const Ref<FolderItem>& root, const Ref<FolderItem>& file);
     /// The two hands take turns every 64 rows.
     void ShowWatchCursor(std::int64_t rowIndex);
+    /// The name of the folder at a colon path.
     std::string MakeCatalogLabel(const std::string& path) const;
     /// Shows the folder of GlobalData::CatalogFolder, which need not be this window's, in the file browser.
+    /// Nothing happens if that is nil.
     void zRevealCatalogInFinder();
 
   protected:
@@ -109,7 +108,9 @@ class aListWindow : public Window {
     /// The picture for the canvas that says a short text instead.
     Ref<Picture> ComposeNotice(const std::string& text);
     void OpenSelectedFile();
-    void SearchRows(const std::string& phrase1, const std::string& phrase2, std::int64_t join);
+    /// Highlights the rows whose names hold the phrases, joined as a value of GlobalData::HighlightType says.
+    /// Copies, since the globals may change while this yields.
+    void SearchRows(std::string phrase1, std::string phrase2, std::int64_t join);
     void ShowHighlightCount();
     /// Lets the event loop run; raises EndException if that has closed the window.
     void Yield();

@@ -5,6 +5,9 @@
 namespace folimark {
 
 void aListWindow::OpenSelectedFile() {
+    if (TheListBox()->ListIndex() < 0) {
+        return; // The scan hasn't come to an end yet.
+    }
     const std::string path = TheListBox()->RowTag(TheListBox()->ListIndex());
     // A path that leads nowhere has nothing to open, and a file that has gone is for the desktop to tell.
     if (const Ref<FolderItem> file = GetFolderItem(path, 0)) {
@@ -32,7 +35,8 @@ void aListWindow::MaxButton_Action(PushButton& button) {
 }
 
 void aListWindow::zRevealCatalogInFinder() {
-    if (TheListBox()->LastIndex() >= 0) {
+    // After a cancelled Create Album there is no folder to show.
+    if (TheListBox()->LastIndex() >= 0 && GlobalData::CatalogFolder) {
         GlobalData::CatalogFolder->Launch(true);
     }
 }

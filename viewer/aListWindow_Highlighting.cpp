@@ -55,11 +55,12 @@ void aListWindow::HighlightPushButton_Action(PushButton& /*button*/) {
     SearchRows(GlobalData::HighlightPhrase1, GlobalData::HighlightPhrase2, GlobalData::HighlightType);
 }
 
-void aListWindow::SearchRows(const std::string& phrase1, const std::string& phrase2, std::int64_t join) {
+void aListWindow::SearchRows(std::string phrase1, std::string phrase2, std::int64_t join) {
     const PassScope scope(*this);
     const Ref<Listbox> list = TheListBox();
     NumberHighlighted = 0;
-    for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
+    // During a scan there is a flag before there is a row.
+    for (std::int64_t i = 0; i <= Highlighted.Ubound() && i <= list->LastIndex(); ++i) {
         const std::string_view name = list->Rows().Cell(i, 0);
         const bool found1 = InStr(name, phrase1) > 0;
         const bool found2 = join != GlobalData::kFirstAlone && InStr(name, phrase2) > 0;

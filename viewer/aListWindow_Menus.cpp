@@ -3,25 +3,6 @@
 
 namespace folimark {
 
-Ref<MenuItem> aListWindow::FileHideColumns() const {
-    return MenuBar()->Find("FileHideColumns");
-}
-Ref<MenuItem> aListWindow::FileOpenFile() const {
-    return MenuBar()->Find("FileOpenFile");
-}
-Ref<MenuItem> aListWindow::FileShowFolimarkWindow() const {
-    return MenuBar()->Find("FileShowFolimarkWindow");
-}
-Ref<MenuItem> aListWindow::FileAboutFolimark() const {
-    return MenuBar()->Find("FileAboutFolimark");
-}
-Ref<MenuItem> aListWindow::EditHighlight() const {
-    return MenuBar()->Find("EditHighlight");
-}
-Ref<MenuItem> aListWindow::EditRemoveHighlighting() const {
-    return MenuBar()->Find("EditRemoveHighlighting");
-}
-
 void aListWindow::AddMenuHandlers(Window& window) {
     window.MenuHandler("FileOpenFile", [this] { return _FileOpenFile_Action(); });
     window.MenuHandler("FileShowFolimarkWindow", [this] { return _FileShowFolimarkWindow_Action(); });

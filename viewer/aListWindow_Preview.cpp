@@ -20,11 +20,10 @@ struct MediaKind {
 constexpr MediaKind kKinds[] = {
     {GlobalData::CheckImageFileType, nullptr,
      "Double-click this large thumbnail of the selected image file to open it in its default application "
-     "(for "
-     "example, Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another appropriate "
-     "application).\r\rIf the image file is modified and saved in its default application, click again on "
-     "its "
-     "entry in the list to the left to update its thumbnail.",
+     "(for example, Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another "
+     "appropriate application).\r\r"
+     "If the image file is modified and saved in its default application, click again on its entry in the "
+     "list to the left to update its thumbnail.",
      "Click this button to open the selected image displayed above in its default application (for example, "
      "Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another appropriate "
      "application).",
@@ -33,23 +32,21 @@ constexpr MediaKind kKinds[] = {
      "Double-click this movies icon to open the selected video file in its default application (usually "
      "QuickTime Player, but also could be iMovie, VLC, RealPlayer or another appropriate application).",
      "Click this button to open the selected video file in its default application (usually QuickTime "
-     "Player, "
-     "but also could be iMovie, VLC, RealPlayer or another appropriate application).",
+     "Player, but also could be iMovie, VLC, RealPlayer or another appropriate application).",
      "Open Video File  ⌘O", "Video"},
     {GlobalData::CheckAudioFileType, MusicIcon,
      "Double-click this music icon to open the selected audio file in its default application (usually "
      "QuickTime Player or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
-     "Click this button to open the selected audio file in its default application (usually QuickTime Player "
-     "or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
+     "Click this button to open the selected audio file in its default application (usually QuickTime "
+     "Player or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
      "Open Audio File  ⌘O", "Audio"},
     {GlobalData::CheckPDFFileType, nullptr,
      "Double-click this large thumbnail of the selected PDF file to open it in its default application (for "
-     "example, Preview, Adobe Reader or another appropriate application).\r\rIf the PDF file is modified and "
-     "saved in its default application, click again on its entry in the list to the left to update its "
-     "thumbnail.",
+     "example, Preview, Adobe Reader or another appropriate application).\r\r"
+     "If the PDF file is modified and saved in its default application, click again on its entry in the "
+     "list to the left to update its thumbnail.",
      "Click this button to open the selected PDF file displayed above in its default application (for "
-     "example, "
-     "Preview, Adobe Reader or another appropriate application).",
+     "example, Preview, Adobe Reader or another appropriate application).",
      "Open PDF file  ⌘O", "This PDF file can’t be read."},
 };
 
@@ -78,8 +75,15 @@ Ref<Picture> FilledPicture(const Ref<Canvas>& canvas, int depth, Color color) {
     return picture;
 }
 
-bool CanBeFitted(int side) {
-    return side >= kLeastSide && side <= kMostSide;
+bool CanBeFitted(const Ref<Picture>& picture) {
+    const auto fits = [](int side) { return side >= kLeastSide && side <= kMostSide; };
+    return fits(picture->Width()) && fits(picture->Height());
+}
+
+/// A picture that is to be fitted is read no larger than the canvas, any other one as it is.
+Ref<Picture> OpenFor(const Canvas& canvas, const Ref<FolderItem>& file) {
+    const Ref<Picture> picture = Picture::Open(file, canvas.Width(), canvas.Height());
+    return picture && !CanBeFitted(picture) ? Picture::Open(file) : picture;
 }
 
 } // namespace
@@ -92,8 +96,8 @@ void aListWindow::DrawCatalogItem() {
     if (!file || !file->Exists()) {
         GlobalData::MessageBox1(
             3, "OK",
-            "This media file no longer exists in this album. It has been removed from this album, renamed or "
-            "deleted.",
+            "This media file no longer exists in this album. It has been removed from this album, renamed "
+            "or deleted.",
             "This album will be closed, and may then be reopened with the current media files.");
         Close();
         return;
@@ -101,8 +105,7 @@ void aListWindow::DrawCatalogItem() {
     Ref<Picture> source;
     const char* unreadable = "";
     if (const MediaKind* kind = KindOf(file->Type())) {
-        source =
-            kind->icon != nullptr ? kind->icon() : Picture::Open(file, canvas->Width(), canvas->Height());
+        source = kind->icon != nullptr ? kind->icon() : OpenFor(*canvas, file);
         unreadable = kind->unreadable;
         canvas->HelpTag(kind->canvasHelp);
         EditPushButton()->HelpTag(kind->buttonHelp);
@@ -124,7 +127,7 @@ Ref<Picture> aListWindow::ComposeNotice(const std::string& text) {
 
 Ref<Picture> aListWindow::ComposePreview(const Ref<Picture>& source) {
     const Ref<Canvas> canvas = TheCanvas();
-    if (!CanBeFitted(source->Width()) || !CanBeFitted(source->Height())) {
+    if (!CanBeFitted(source)) {
         Ref<Picture> preview = New<Picture>(canvas->Width(), canvas->Height(), 8);
         preview->Graphics()->DrawPicture(source, 0, 0);
         return preview;

@@ -10,18 +10,16 @@ namespace {
 constexpr std::string_view kListHelp =
     "This is a list of media files that appear in this album.\r\r"
     "Click on an image file in the list to select a large thumbnail of that image file to be displayed to "
-    "the "
-    "right of this list.\r\r"
+    "the right of this list.\r\r"
     "Click on a video file in the list to display a movies icon to the right of this list.\r\r"
     "Click on an audio file in the list to display a music icon to the right of this list.\r\r"
     "Click on a PDF fie in the list to select a large thumbnail of that PDF file to be displayed to the "
-    "right "
-    "of this list.\r\r"
-    "To navigate the list with the keyboard, use the ↑, ↓, home (or fn←), end (or fn→), page up (or fn↑) and "
-    "page down (or fn↓) keys.\r\r"
+    "right of this list.\r\r"
+    "To navigate the list with the keyboard, use the ↑, ↓, home (or fn←), end (or fn→), page up (or fn↑) "
+    "and page down (or fn↓) keys.\r\r"
     "Click on a column heading to order the entries in the list alphabetically by the values under that "
-    "heading. Click again to reverse the order of the entries."
-    " In the file size column, \"OB\" is shown instead of \"GB\" in order to order the file sizes correctly.";
+    "heading. Click again to reverse the order of the entries. In the file size column, \"OB\" is shown "
+    "instead of \"GB\" in order to order the file sizes correctly.";
 
 /// Rows after which the hands take turns.
 constexpr std::int64_t kHandRun = 64;
@@ -49,19 +47,21 @@ void aListWindow::MakeAndShowCatalog() {
     }
     {
         const CursorKeeper keeper;
-        ListCatalogFileNames(WindowCatalogFolder, WindowCatalogFolder);
+        // Walked as an item of its own, whose entries needn't be kept for as long as the window.
+        ListCatalogFileNames(WindowCatalogFolder, GetFolderItem(WindowCatalogFolder->AbsolutePath()));
     }
     if (list->LastIndex() > 0) {
         list->ColumnSortDirection(0, Listbox::kAscending);
         list->SortedColumn(0);
         list->Sort();
     }
+    NumberHighlighted = 0;
     Highlighted.Redim(list->LastIndex());
     for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
         Highlighted.Set(i, false);
         Yield();
     }
-    NumberHighlighted = 0;
+    ShowHighlightCount(); // There may have been a search during the scan.
     list->HelpTag(std::string(kListHelp));
     Title(MakeCatalogLabel(WindowCatalogFolder->AbsolutePath()));
     AlbumLabel()->Text(ReplaceAll(WindowCatalogFolder->AbsolutePath(), ":", "→ "));

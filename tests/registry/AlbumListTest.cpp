@@ -77,7 +77,7 @@ TEST(AlbumList, AListThatCantBeReadEndsTheStart) {
     const TestFolder folder;
     const std::string file = folder.Home() + "/.config/Folimark.Preferences";
     std::filesystem::create_directories(file + "/inside");
-    const Answers answers{{"IOException\n\n…", "OK"}};
+    const Answers answers{{"IOException\n\n…", "OK"}, {"Can't open “" + file + "”…", "OK"}};
     EXPECT_EQ(RunToEnd([] { ADD_FAILURE() << "The application works without its albums."; }), 1);
     EXPECT_TRUE(std::filesystem::is_directory(file + "/inside"));
 }

@@ -61,6 +61,35 @@ TEST(Scan, EndsQuietlyWithItsWindow) {
     }
 }
 
+TEST(Scan, CommandsDoNoHarmBeforeItHasFoundAnything) {
+    const TestFolder folder{"Album/1.txt", "Album/2.txt", "Album/3.txt", "Album/a.jpg"};
+    const RunningApplication application;
+    const Ref<aListWindow> open = application.AddAndOpenAlbum(folder.Path("Album"));
+    {
+        const Answers answers{{kFolderDialog, ""}};
+        Click(application.Albums(), "Create Album");
+        open->Show();
+        WaitFor([] { return FrontTitle() == "Album"; }, "the album is in front");
+        Choose("File", "Reveal Album in Finder");
+    }
+    Click(application.Albums(), "Close Album");
+    const DuringScan scan([](const Ref<aListWindow>& album) {
+        ASSERT_LT(album->TheListBox()->LastIndex(), 0);
+        const Answers answers{{kHighlightDialog, "", [](const Ref<Window>& dialog) {
+                                   Type("a");
+                                   Click(dialog, "OK");
+                               }}};
+        Click(album, "Open Media File");
+        ClickBelowRows(album);
+        Click(album, "Highlight…");
+    });
+    Click(application.Albums(), "Open Album");
+    const Ref<aListWindow> album = application.Album(0);
+    EXPECT_EQ(Names(album->TheListBox()), "a.jpg");
+    EXPECT_EQ(album->HighlightCountLabel()->Text(), "0 Media Files Highlighted");
+    EXPECT_EQ(RunningApplication::Launched(), std::vector<std::string>());
+}
+
 TEST(Scan, AFailedOneRemovesItsOwnAlbum) {
     const TestFolder folder{"B/a.jpg", "C/a.jpg", "A/a.jpg", "A/b.txt"};
     const RunningApplication application;

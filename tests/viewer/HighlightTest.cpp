@@ -62,6 +62,7 @@ TEST(Highlight, PhrasesAreJoined) {
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
     ASSERT_EQ(Names(album->TheListBox()),
               "beach.mp3, Beachfront sun.mp3, none.mp3, Sun.mp3, Tag 1 → Sun at the Beach.mp3, zum Spaß.mp3");
+    ClickRow(album, 3);
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.phrase1) + " " + std::to_string(c.join) + " " + c.phrase2);
         Search(album, c.phrase1, c.join, c.phrase2);
@@ -70,8 +71,10 @@ TEST(Highlight, PhrasesAreJoined) {
         EXPECT_EQ(album->HighlightCountLabel()->Text(), std::to_string(count) + " Media Files Highlighted");
         EXPECT_EQ(album->RemoveHighlightingPushButton()->Enabled(), count > 0);
         EXPECT_TRUE(album->TheListBox()->Visible());
+        EXPECT_EQ(album->TheListBox()->ListIndex(), 3);
     }
     Choose("Edit", "Remove Highlighting");
+    EXPECT_EQ(album->TheListBox()->ListIndex(), 3);
     EXPECT_EQ(Marks(album), "......");
     EXPECT_THROW(Choose("Edit", "Remove Highlighting"), RobotFailure);
 }

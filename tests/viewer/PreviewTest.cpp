@@ -2,6 +2,8 @@
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
+#include <QPainter>
+
 #include <gtest/gtest.h>
 
 #include <QPainter>
@@ -66,6 +68,18 @@ TEST(Preview, ShowsTheSelectedFileAndNothingOfTheLast) {
         EXPECT_EQ(album->EditPushButton()->Caption(), captions[row - 1]);
         last = now;
     }
+}
+
+TEST(Preview, ShowsThePartOfAHugePictureThatFits) {
+    const TestFolder folder;
+    QImage wide(40000, 10, QImage::Format_RGB32);
+    wide.fill(Qt::black);
+    QPainter(&wide).fillRect(0, 0, 100, 10, Qt::red);
+    ASSERT_TRUE(wide.save(QString::fromStdString(folder.Path("wide.png"))));
+    const RunningApplication application;
+    const QImage preview = Preview(application.AddAndOpenAlbum(folder.Path()));
+    EXPECT_EQ(preview.pixel(99, 5), QColor(Qt::red).rgba());
+    EXPECT_EQ(preview.pixel(100, 5), QColor(Qt::black).rgba());
 }
 
 TEST(Preview, AFileThatHasGoneClosesTheAlbum) {

@@ -18,6 +18,7 @@ namespace folimark {
 /// What the system last said about an item. All is 0 for what doesn't exist.
 struct FolderItem::Status {
     bool exists = false;
+    bool gone = false;
     mode_t mode = 0;
     std::uint64_t size = 0;
     std::int64_t modified = 0;
@@ -29,11 +30,14 @@ namespace {
 
 /// Callers ask for the same entry several times in a row, so the latest one is kept, and with it what the
 /// system said about it. One for all folders: kept in each, they would form chains as long as a tree is deep.
-struct {
+struct LastListed {
     const FolderItem* folder = nullptr;
     std::int64_t index = 0;
     Ref<FolderItem> item;
-} lastListed;
+};
+
+/// Never destroyed: items that others hold until the process ends look here when they go.
+LastListed& lastListed = *new LastListed;
 
 void ForgetLastListed() {
     lastListed.folder = nullptr;
@@ -170,6 +174,8 @@ void FolderItem::AskStatus() const {
                     .modified = answer.stx_mtime.tv_sec,
                     .created = answer.stx_btime.tv_sec,
                     .createdIsKnown = (answer.stx_mask & STATX_BTIME) != 0};
+    } else {
+        status_->gone = errno == ENOENT || errno == ENOTDIR;
     }
 }
 
@@ -185,6 +191,11 @@ bool FolderItem::Exists() const {
         AskStatus();
     }
     return kind_ == EntryKind::Named || kind_ == EntryKind::Link ? LastStatus().exists : true;
+}
+
+bool FolderItem::Gone() const {
+    AskStatus();
+    return status_->gone;
 }
 
 bool FolderItem::Visible() const {

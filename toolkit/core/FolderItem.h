@@ -45,6 +45,9 @@ class FolderItem : public Object {
     bool Unreadable() const;
 
     bool Exists() const;
+    /// True if nothing is there, as far as the system can tell. Of a place that it can't reach (no permission
+    /// on the way, a broken disk, a lost connection) neither Exists nor Gone is true.
+    bool Gone() const;
     /// False for what the desktop's file browser hides: names with a leading dot, and those that stand in the
     /// file ".hidden" of their folder.
     bool Visible() const;
@@ -100,7 +103,8 @@ Ref<FolderItem> GetFolderItem(std::string_view path, int pathType = 0);
 
 namespace SpecialFolder {
 
-/// The user's folder of preferences: $XDG_CONFIG_HOME, or ".config" in the home folder.
+/// The user's folder of preferences: $XDG_CONFIG_HOME, or ".config" in the home folder. It need not exist.
+/// Raises IOException if that is no path.
 Ref<FolderItem> Preferences();
 
 } // namespace SpecialFolder

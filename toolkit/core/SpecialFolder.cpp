@@ -1,5 +1,7 @@
+#include "Exceptions.h"
 #include "FolderItem.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <pwd.h>
 #include <unistd.h>
@@ -26,7 +28,12 @@ std::string HomeFolder() {
 
 Ref<FolderItem> Preferences() {
     const std::string folder = PathVariable("XDG_CONFIG_HOME");
-    return FolderItem::FromNativePath(folder.empty() ? HomeFolder() + "/.config" : folder);
+    const std::string path = folder.empty() ? HomeFolder() + "/.config" : folder;
+    Ref<FolderItem> item = FolderItem::FromNativePath(path);
+    if (!item) {
+        throw IOException("Can't find the folder of preferences", path, ENOENT);
+    }
+    return item;
 }
 
 } // namespace folimark::SpecialFolder

@@ -19,7 +19,8 @@ class TreeWalk {
 
     /// Goes to the next entry. False at the end of the tree.
     bool Next();
-    /// The entry; nil if it has vanished since its folder was read.
+    /// The entry; nil before the first Next and behind the last. It may have vanished since its folder was
+    /// read.
     const Ref<FolderItem>& Item() const { return item_; }
     /// Steps through the entry's own entries before its siblings.
     void Enter() { Descend(item_); }
