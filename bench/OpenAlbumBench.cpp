@@ -93,7 +93,7 @@ BENCHMARK(OpenAlbum)->Arg(100'000)->Iterations(5)->UseManualTime()->Unit(benchma
 
 int main(int argumentCount, char** arguments) {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    StartToolkit(argumentCount, arguments, {});
+    StartToolkit(arguments, {});
     _EarlyStartup();
     GlobalData::SetupFileTypeStrings();
     benchmark::Initialize(&argumentCount, arguments);

@@ -61,10 +61,10 @@ void _LateStartup() {
     // Nothing is left to do before the first event.
 }
 
-int _Main(int argumentCount, char** arguments) {
-    StartToolkit(argumentCount, arguments, kIdentity);
+int _Main(char** arguments) {
     SingleInstance instance;
-    StartApplication([&instance] {
+    StartApplication([&instance, arguments] {
+        StartToolkit(arguments, kIdentity);
         _EarlyStartup();
         _LateStartup();
         LeaveToOther(instance);

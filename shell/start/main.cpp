@@ -1,5 +1,5 @@
 #include "Start.h"
 
-int main(int argumentCount, char** arguments) {
-    return folimark::_Main(argumentCount, arguments);
+int main(int /*argumentCount*/, char** arguments) {
+    return folimark::_Main(arguments);
 }

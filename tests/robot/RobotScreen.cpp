@@ -64,7 +64,7 @@ void StartRobot(char* argument0) {
     screen.close();
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(screen.fileName()));
     static char* arguments[] = {argument0, nullptr};
-    StartToolkit(1, arguments,
+    StartToolkit(arguments,
                  {.name = "Folimark", .version = "0", .desktopEntry = "folimark", .iconFiles = {}});
     qApp->installEventFilter(new FrontWatch(qApp));
     WatchDialogs();

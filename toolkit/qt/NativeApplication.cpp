@@ -3,11 +3,13 @@
 #include "Accessibility.h"
 #include "Application.h"
 #include "EventGate.h"
+#include "FolderItem.h"
 #include "NativeWindow.h"
 #include "PlatformText.h"
 #include "Window.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QFile>
 #include <QIcon>
 
@@ -62,10 +64,13 @@ QByteArray PluginsFor(const QByteArray& waylandDisplay, const QByteArray& xDispl
     return both && chosen.isEmpty() ? QByteArrayLiteral("xcb;wayland") : QByteArray();
 }
 
-void StartWindowSystem(int argumentCount, char** arguments, const ApplicationIdentity& identity) {
-    // The window system keeps references to both for as long as it lives.
-    static int count = 0;
-    count = argumentCount;
+int RunDialog(QDialog& dialog) {
+    DropFolderCache();
+    return dialog.exec();
+}
+
+void StartWindowSystem(char** arguments, const ApplicationIdentity& identity) {
+    static int count = 1; // The window system keeps a reference to it for as long as it lives.
     QCoreApplication::setApplicationName(ToQString(identity.desktopEntry));
     QCoreApplication::setApplicationVersion(ToQString(identity.version));
     TheDisplayName() = ToQString(identity.name);

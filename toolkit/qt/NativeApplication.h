@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+class QDialog;
+
 namespace folimark {
 
 struct ApplicationIdentity;
@@ -15,7 +17,12 @@ const QString& DisplayName();
 /// windows be placed.
 QByteArray PluginsFor(const QByteArray& waylandDisplay, const QByteArray& xDisplay, const QByteArray& chosen);
 
-/// Makes the window system's own application object.
-void StartWindowSystem(int argumentCount, char** arguments, const ApplicationIdentity& identity);
+/// Makes the window system's own application object. Of the command line only the program's name is used.
+void StartWindowSystem(char** arguments, const ApplicationIdentity& identity);
+
+/// Shows a dialog of the window system's and blocks until it has been answered. No folder stays open
+/// meanwhile.
+/// \returns its result.
+int RunDialog(QDialog& dialog);
 
 } // namespace folimark

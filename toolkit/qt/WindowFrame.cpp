@@ -10,6 +10,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -121,6 +122,12 @@ void WindowFrame::Prepare() {
     SetContentHeight(content_->height());
     if (placed_) {
         PlaceContent(wanted_);
+    }
+}
+
+void WindowFrame::SelectFocusedText() {
+    if (auto* field = qobject_cast<QLineEdit*>(focusWidget())) {
+        field->selectAll();
     }
 }
 
@@ -269,7 +276,10 @@ void WindowFrame::keyPressEvent(QKeyEvent* event) {
         return;
     }
     bool used = false;
-    EnterApplication([&] { used = window->KeyDownByUser(event->text().toStdString()); });
+    // With one of these a key is a command, even where it also stands for a character: Ctrl+I is no Tab.
+    if (!(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) {
+        EnterApplication([&] { used = window->KeyDownByUser(event->text().toStdString()); });
+    }
     if (!used) {
         QMainWindow::keyPressEvent(event);
     }
@@ -277,7 +287,10 @@ void WindowFrame::keyPressEvent(QKeyEvent* event) {
 
 bool WindowFrame::focusNextPrevChild(bool next) {
     bool used = false;
-    if (window_ != nullptr) {
+    // Without a key, the focus moves on from a control that has just been hidden or disabled.
+    const QWidget* const focused = focusWidget();
+    const bool isKey = focused == nullptr || (focused->isVisible() && focused->isEnabled());
+    if (isKey && window_ != nullptr) {
         const Ref<Window> window(window_);
         EnterApplication([&] { used = window->KeyDownByUser("\t"); });
     }

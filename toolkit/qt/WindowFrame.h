@@ -36,6 +36,8 @@ class WindowFrame : public QMainWindow {
 
     /// Gets the window ready to be shown: its size, its limits, and how much its bars take.
     void Prepare();
+    /// Lets the first key that is typed replace what stands in a text field that has the keyboard.
+    void SelectFocusedText();
     /// Gives a window that nobody has placed its place.
     void PlaceFirst();
     /// The content's place on the screen.
@@ -65,7 +67,7 @@ class WindowFrame : public QMainWindow {
     Window* window_;
     QScrollArea* scroller_;
     WindowContent* content_;
-    /// Ends a drag of the window's size: the window system reports no end, only ever smaller pauses.
+    /// Ends a drag of the window's size: the window system reports no end of it, so a pause counts as one.
     QTimer resizeEnd_;
     QPoint wanted_;
     bool placed_ = false;

@@ -28,7 +28,7 @@ void ShowAboutBox(const std::string& description, const std::string& libraries) 
             .arg(ToQString(description).toHtmlEscaped(),
                  ToQString(libraries).arg(QString::fromLatin1(qVersion())).toHtmlEscaped()));
     box.addButton(QMessageBox::Close);
-    box.exec();
+    RunDialog(box);
     if (IsQuitting()) {
         throw EndException();
     }

@@ -56,8 +56,8 @@ Ref<FolderItem> ResourcesFolder() {
     return FolderItem::FromNativePath(executable)->Parent()->Parent()->Child("Resources");
 }
 
-void StartToolkit(int argumentCount, char** arguments, const ApplicationIdentity& identity) {
-    StartWindowSystem(argumentCount, arguments, identity);
+void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
+    StartWindowSystem(arguments, identity);
     SetYieldHandler([] {
         QCoreApplication::processEvents();
         if (IsQuitting()) {
@@ -84,11 +84,7 @@ int RunApplication() {
         QApplication::exec();
     }
     while (!OpenWindowList().empty()) {
-        try {
-            OpenWindowList().back()->Close();
-        } catch (const EndException&) { // NOLINT(bugprone-empty-catch)
-            // Its Close event has yielded, which ends what still runs. The window has gone all the same.
-        }
+        OpenWindowList().back()->TakeDown();
     }
     EndPictureProcess();
     return ExitStatus().value_or(0);
@@ -113,7 +109,7 @@ void QuitByUser() {
         }
     }
     for (const Ref<Window>& window : windows) {
-        window->Close();
+        window->CloseUnasked();
     }
     Quit(0);
 }

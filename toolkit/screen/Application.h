@@ -49,8 +49,9 @@ struct ApplicationIdentity {
     std::vector<std::string> iconFiles; ///< in several sizes; paths below the folder of resources
 };
 
-/// Brings the window system up. Has to come before all else of this layer, once in a process.
-void StartToolkit(int argumentCount, char** arguments, const ApplicationIdentity& identity);
+/// Brings the window system up. Has to come before all else of this layer, once in a process. `arguments` are
+/// those of main, of which only the program's name is used.
+void StartToolkit(char** arguments, const ApplicationIdentity& identity);
 
 /// Makes `application` the one application object.
 void RegisterApplication(Ref<Application> application);
@@ -61,8 +62,8 @@ Application* CurrentApplication();
 /// \returns the process's exit status.
 int RunApplication();
 
-/// Ends the application: open windows close unasked, and the event loop stops. What still runs below a yield
-/// ends there with an EndException.
+/// Ends the application: the event loop stops, what still runs below a yield ends there with an EndException,
+/// and windows that are open go, without any further event.
 void Quit(int exitCode);
 bool IsQuitting();
 /// What the Quit command does: asks all windows, closes them, and ends the application.

@@ -4,53 +4,92 @@
 #include "Exceptions.h"
 #include "FolderItem.h"
 
-#include <new>
+#include <utility>
+#include <vector>
 
 namespace folimark {
 namespace {
 
 enum class Phase { Starting, Running };
 
+/// Is an exception being told of after which memory can't be trusted?
+bool closed = false;
+/// How many events are being handled, each in a yield or a dialog of the one before.
+int depth = 0;
+
+std::vector<std::function<void()>>& WaitingTasks() {
+    static std::vector<std::function<void()>> tasks;
+    return tasks;
+}
+
+/// \returns whether the application has dealt with it.
+bool Tell(const RuntimeException& error) {
+    Application* const application = CurrentApplication();
+    if (application == nullptr) { // It comes from the start, before there is one.
+        MsgBox(error.ClassName() + ": " + error.Message());
+        return false;
+    }
+    return application->Event_UnhandledException(&error);
+}
+
 void LastResort(const RuntimeException& error, Phase phase) {
-    bool handled = false;
+    const bool failedInput = dynamic_cast<const IOException*>(&error) != nullptr;
+    bool goesOn = failedInput && phase == Phase::Running;
+    const bool wasClosed = std::exchange(closed, !goesOn);
     try {
-        if (Application* application = CurrentApplication()) {
-            handled = application->Event_UnhandledException(&error);
-        }
-        if (!handled && phase == Phase::Running && dynamic_cast<const IOException*>(&error) != nullptr) {
+        goesOn = Tell(error) || goesOn;
+        if (failedInput) {
             MsgBox(error.Message());
-            return;
         }
     } catch (...) { // A handler of last resort that fails has nobody left to tell.
-        handled = false;
+        goesOn = false;
     }
-    if (!handled) {
+    closed = wasClosed;
+    if (!goesOn) {
         Quit(1);
     }
 }
 
 void Guarded(const std::function<void()>& handler, Phase phase) {
+    ++depth;
     try {
-        handler();
-    } catch (const EndException&) { // NOLINT(bugprone-empty-catch): ending quietly is what it is for
-    } catch (const RuntimeException& error) {
-        LastResort(error, phase);
-    } catch (const std::exception& error) {
-        LastResort(ForeignException(error), phase);
+        try {
+            handler();
+        } catch (const EndException&) { // NOLINT(bugprone-empty-catch): ending quietly is what it is for
+        } catch (const RuntimeException& error) {
+            LastResort(error, phase);
+        } catch (const std::exception& error) {
+            LastResort(ForeignException(error), phase);
+        }
+    } catch (...) { // Not even words for it are left.
+        Quit(1);
     }
     DropFolderCache();
+    if (--depth == 0) {
+        for (const std::function<void()>& task : std::exchange(WaitingTasks(), {})) {
+            task();
+        }
+    }
 }
 
 } // namespace
 
 void EnterApplication(const std::function<void()>& handler) {
-    if (!IsQuitting()) {
+    if (!IsQuitting() && !closed) {
         Guarded(handler, Phase::Running);
     }
 }
 
 void StartApplication(const std::function<void()>& start) {
     Guarded(start, Phase::Starting);
+}
+
+void AfterEvents(std::function<void()> task) {
+    if (depth == 0) {
+        task();
+    } else {
+        WaitingTasks().push_back(std::move(task));
+    }
 }
 
 } // namespace folimark

@@ -4,15 +4,19 @@
 
 namespace folimark {
 
-/// The one place through which events enter the application. It runs `handler` and catches all that leaves
+/// The one place through which events enter the application. It runs `handler` and catches whatever leaves
 /// it: an EndException ends the event quietly, anything else goes to the application's handler of last
-/// resort, once. After that handler the application ends with exit status 1, since what is in memory can't be
-/// trusted any more; only failed input or output in a command (IOException) lets it go on. Once the
-/// application is ending no further event enters.
+/// resort, once. Then the application ends with exit status 1, since what is in memory can't be trusted any
+/// more; only failed input or output in a command (IOException) lets it go on. No event enters any more while
+/// that handler tells of such an exception, nor once the application is ending.
 void EnterApplication(const std::function<void()>& handler);
 
 /// Runs `start`, the application's first event, like any other, but for one thing: a failed input or output
 /// ends the application too, so that it never works with half of what it should have read.
 void StartApplication(const std::function<void()>& start);
+
+/// Runs `task` when no event is being handled any more; at once if none is. For what handlers further out may
+/// still be using.
+void AfterEvents(std::function<void()> task);
 
 } // namespace folimark

@@ -1,6 +1,7 @@
 #include "FolderItemDialog.h"
 
 #include "Application.h"
+#include "NativeApplication.h"
 #include "PlatformText.h"
 
 #include <QDir>
@@ -26,7 +27,7 @@ Ref<FolderItem> SelectFolderDialog::ShowModal() {
     dialog.setOption(QFileDialog::ShowDirsOnly);
     dialog.setLabelText(QFileDialog::Accept, ToQString(actionButtonCaption_));
     dialog.setLabelText(QFileDialog::LookIn, ToQString(promptText_));
-    const bool chosen = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    const bool chosen = RunDialog(dialog) == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
     if (IsQuitting()) {
         throw EndException();
     }

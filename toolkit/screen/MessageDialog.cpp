@@ -4,11 +4,18 @@
 #include "NativeApplication.h"
 #include "PlatformText.h"
 
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 
 namespace folimark {
 namespace {
+
+/// More lines than this scroll.
+constexpr int kMostLines = 12;
+constexpr QSize kScrolledSize(560, 280);
 
 QPushButton* AddButton(QMessageBox& box, const MessageDialogButton& button, QMessageBox::ButtonRole role) {
     return button.Visible() ? box.addButton(AsCaption(button.Caption()), role) : nullptr;
@@ -19,6 +26,24 @@ void SetPlainText(QMessageBox& box, const std::string& message, const std::strin
     box.setTextFormat(Qt::PlainText);
     box.setText(AsDisplayed(message));
     box.setInformativeText(AsDisplayed(explanation));
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
+        label->setTextFormat(Qt::PlainText); // The box doesn't pass it on.
+    }
+}
+
+/// Lets a text scroll that the screen may not have room for, as a call stack.
+void MakeScrollable(QMessageBox& box) {
+    auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (label == nullptr || grid == nullptr || label->text().count(QLatin1Char('\n')) < kMostLines) {
+        return;
+    }
+    auto* scroller = new QScrollArea;
+    scroller->setFrameShape(QFrame::NoFrame);
+    delete grid->replaceWidget(label, scroller);
+    label->setWordWrap(false);
+    scroller->setWidget(label);
+    scroller->setMinimumSize(kScrolledSize);
 }
 
 } // namespace
@@ -42,7 +67,7 @@ Ref<MessageDialogButton> MessageDialog::ShowModal() {
     const QPushButton* alternate = AddButton(box, *alternate_, QMessageBox::DestructiveRole);
     box.setDefaultButton(action);
     box.setEscapeButton(cancel != nullptr ? cancel : action);
-    box.exec();
+    RunDialog(box);
     if (IsQuitting()) {
         throw EndException();
     }
@@ -58,7 +83,8 @@ void MsgBox(const std::string& text) {
     box.setWindowTitle(DisplayName());
     SetPlainText(box, text, "");
     box.addButton(QMessageBox::Ok);
-    box.exec();
+    MakeScrollable(box);
+    RunDialog(box);
 }
 
 } // namespace folimark

@@ -33,15 +33,17 @@ struct Address {
     const sockaddr* Get() const { return reinterpret_cast<const sockaddr*>(&name); }
 };
 
-/// One folder has one address, through whichever links it is reached.
-Address AddressOf(const std::string& folder) {
+/// One folder has one row of addresses, through whichever links it is reached. The second and later ones are
+/// for when a stranger holds those before.
+Address AddressOf(const std::string& folder, int place) {
     std::error_code failed;
     std::string path = std::filesystem::weakly_canonical(folder, failed);
     if (failed) {
         path = folder;
     }
     const std::string name = "folimark-" + std::to_string(getuid()) + "-"
-                             + std::to_string(std::hash<std::string>()(path)); // a path may be too long
+                             + std::to_string(std::hash<std::string>()(path)) // a path may be too long
+                             + "-" + std::to_string(place);
     Address address;
     address.name.sun_family = AF_UNIX;
     // A zero byte in front keeps the name out of the file system.
@@ -58,16 +60,29 @@ Descriptor NewSocket(const std::string& folder) {
     return descriptor;
 }
 
-/// Asks the process that has the address to come forward. \returns whether it has done so by `end`.
-bool Ask(const Descriptor& connection, const Address& address, Clock::time_point end) {
+/// Does the same user run the process at the other end? Anybody on the machine can take a name, and connect.
+bool IsOfSameUser(const Descriptor& connection) {
+    ucred peer{};
+    socklen_t size = sizeof peer;
+    return getsockopt(connection.Get(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 && peer.uid == getuid();
+}
+
+enum class Answer { None, HasComeForward, FromStranger };
+
+/// Asks the process that has the address to come forward, by `end`.
+Answer Ask(const Descriptor& connection, const Address& address, Clock::time_point end) {
     if (connect(connection.Get(), address.Get(), address.length) != 0) {
-        return false; // it doesn't listen yet, or no longer, or others wait already
+        return Answer::None; // it doesn't listen yet, or no longer, or others wait already
+    }
+    if (!IsOfSameUser(connection)) {
+        return Answer::FromStranger;
     }
     pollfd answer{connection.Get(), POLLIN, 0};
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
     char byte = 0;
-    return poll(&answer, 1, static_cast<int>(std::max<std::int64_t>(left, 0))) == 1
-           && recv(connection.Get(), &byte, 1, 0) == 1;
+    const bool came = poll(&answer, 1, static_cast<int>(std::max<std::int64_t>(left, 0))) == 1
+                      && recv(connection.Get(), &byte, 1, 0) == 1;
+    return came ? Answer::HasComeForward : Answer::None;
 }
 
 } // namespace
@@ -78,14 +93,14 @@ class SingleInstance::Listener {
     Listener(Descriptor listening, std::function<void()> comeForward)
         : socket_(std::move(listening)), comeForward_(std::move(comeForward)),
           notifier_(socket_.Get(), QSocketNotifier::Read) {
-        QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { Answer(); });
+        QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { ComeForward(); });
     }
 
   private:
-    void Answer() {
+    void ComeForward() {
         const Descriptor connection(accept4(socket_.Get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-        if (!connection || IsQuitting()) {
-            return; // the other one tries again, and takes our place when we have gone
+        if (!connection || !IsOfSameUser(connection) || IsQuitting()) {
+            return; // another one of ours tries again, and takes our place when we have gone
         }
         EnterApplication(comeForward_);
         const char byte = 1;
@@ -102,9 +117,10 @@ SingleInstance::~SingleInstance() = default;
 
 SingleInstance::Claim SingleInstance::Take(const std::string& folder, std::function<void()> comeForward,
                                            std::chrono::milliseconds patience) {
-    const Address address = AddressOf(folder);
+    int place = 0;
     const Clock::time_point end = Clock::now() + patience;
     do {
+        const Address address = AddressOf(folder, place);
         Descriptor listening = NewSocket(folder);
         if (bind(listening.Get(), address.Get(), address.length) == 0) {
             if (listen(listening.Get(), SOMAXCONN) != 0) {
@@ -116,10 +132,16 @@ SingleInstance::Claim SingleInstance::Take(const std::string& folder, std::funct
         if (errno != EADDRINUSE) {
             throw IOException("Can't claim", folder, errno);
         }
-        if (Ask(NewSocket(folder), address, end)) {
+        switch (Ask(NewSocket(folder), address, end)) {
+        case Answer::HasComeForward:
             return Claim::Forwarded;
+        case Answer::FromStranger:
+            ++place;
+            break;
+        case Answer::None:
+            poll(nullptr, 0, kPauseMilliseconds);
+            break;
         }
-        poll(nullptr, 0, kPauseMilliseconds);
     } while (Clock::now() < end);
     return Claim::Unanswered;
 }

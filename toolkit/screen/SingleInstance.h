@@ -12,7 +12,8 @@ namespace folimark {
 ///
 /// The claim is a socket of a name that is made from the user and the folder. It lives in no file system: the
 /// system lets one process have it and takes it back when that process ends, however it ends, so that nothing
-/// stale can stay behind. It is seen on this machine alone.
+/// stale can stay behind. It is seen on this machine alone. A name that another user has taken is passed
+/// over.
 class SingleInstance {
   public:
     enum class Claim : std::uint8_t {

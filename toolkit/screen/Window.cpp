@@ -3,6 +3,7 @@
 #include "Application.h"
 #include "Canvas.h"
 #include "EventGate.h"
+#include "FolderItem.h"
 #include "MenuBarBuilder.h"
 #include "NativeWindow.h"
 #include "OpenWindowList.h"
@@ -99,13 +100,16 @@ void Window::ShowModal() {
         return;
     }
     const Ref<Window> self(this);
+    DropFolderCache();
     QEventLoop loop;
-    QObject::connect(native_->frame, &QObject::destroyed, &loop, &QEventLoop::quit);
+    native_->modalLoop = &loop;
     native_->frame->setWindowModality(Qt::ApplicationModal);
     Show();
     if (native_->frame) {
+        native_->frame->SelectFocusedText();
         loop.exec();
     }
+    native_->modalLoop = nullptr;
     if (IsQuitting()) {
         throw EndException();
     }
@@ -132,11 +136,31 @@ void Window::Close() {
         return;
     }
     const Ref<Window> self(this);
-    const State before = std::exchange(state_, State::Closing);
-    if (Event_CancelClose(IsQuitting())) {
-        state_ = before;
+    struct Asking { // Meanwhile the window can't be closed or shown by others.
+        explicit Asking(State& windowState)
+            : state(windowState), before(std::exchange(state, State::Closing)) {}
+        Asking(const Asking&) = delete;
+        Asking& operator=(const Asking&) = delete;
+        ~Asking() { state = before; }
+        State& state;
+        State before;
+    };
+    bool stays = false;
+    {
+        const Asking asking(state_);
+        stays = Event_CancelClose(IsQuitting());
+    }
+    if (!stays) {
+        CloseUnasked();
+    }
+}
+
+void Window::CloseUnasked() {
+    if (!native_->frame || state_ == State::Closing) {
         return;
     }
+    const Ref<Window> self(this);
+    state_ = State::Closing;
     // The window goes down also when its Close event fails.
     struct Finally {
         Window& window;
@@ -151,12 +175,15 @@ void Window::TakeDown() {
         control->Detach();
     }
     if (native_->frame) {
-        native_->frame->Release();
-        native_->frame->hide();
-        // The widgets look into the controls until they go, a little later.
-        QObject::connect(native_->frame, &QObject::destroyed, [self = Ref<Window>(this)] {});
-        native_->frame->deleteLater();
-        native_->frame = nullptr;
+        WindowFrame* const frame = std::exchange(native_->frame, nullptr);
+        frame->Release();
+        frame->hide();
+        // The widgets look into the controls until they go, after the events that are being handled on them.
+        QObject::connect(frame, &QObject::destroyed, [self = Ref<Window>(this)] {});
+        AfterEvents([frame] { frame->deleteLater(); });
+    }
+    if (native_->modalLoop != nullptr) {
+        native_->modalLoop->quit();
     }
     ForgetOpenWindow(*this);
 }

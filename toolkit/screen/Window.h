@@ -49,6 +49,8 @@ class Window : public Object {
     void ShowModal();
     /// Closes the window, unless CancelClose keeps it open. Without effect on a closed window.
     void Close();
+    /// Closes the window after its Close event; CancelClose isn't asked.
+    void CloseUnasked();
 
     /// The content's place on the screen: what was set is what is read, whatever frame the window manager
     /// draws around it.
@@ -79,6 +81,8 @@ class Window : public Object {
                     int height);
 
     /// For the toolkit.
+    /// Closes the window without any event.
+    void TakeDown();
     NativeWindow& Native() const { return *native_; }
     bool HasMenuHandler(const std::string& itemName) const { return menuHandlers_.contains(itemName); }
     void ChooseMenuItem(const Ref<MenuItem>& item);
@@ -130,7 +134,6 @@ class Window : public Object {
     Ref<RectControl> FindControl(std::string_view name) const;
     [[noreturn]] void RaiseNoControl(std::string_view name) const;
     void RunFirstActivate();
-    void TakeDown();
 
     enum class State : std::uint8_t { Made, Open, Closing, Closed };
 

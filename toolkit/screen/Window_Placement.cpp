@@ -50,7 +50,9 @@ Color Window::BackColor() const {
 void Window::Title(const std::string& title) {
     title_ = title;
     if (native_->frame) {
-        native_->frame->setWindowTitle(AsDisplayed(title));
+        // "[*]" alone would stand for a mark that the window has changes.
+        native_->frame->setWindowTitle(
+            AsDisplayed(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "SingleInstance.h"
+#include "AsNobody.h"
 #include "TestFolder.h"
 
 #include <QCoreApplication>
@@ -59,6 +60,18 @@ TEST_F(SingleInstanceTest, OneThatHangsIsToldFromOneThatHasDied) {
                   Folder(), [] {}, milliseconds(0)),
               Claim::Unanswered);
     EXPECT_EQ(shown_, 0);
+}
+
+TEST_F(SingleInstanceTest, StrangersHaveNoSay) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "Only root can be somebody else.";
+    }
+    SingleInstance stranger;
+    {
+        const AsNobody nobody;
+        ASSERT_EQ(stranger.Take(Folder(), [] {}), Claim::Granted);
+    }
+    EXPECT_EQ(TakeFirst(), Claim::Granted);
 }
 
 } // namespace
