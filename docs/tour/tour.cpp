@@ -41,6 +41,7 @@ class Tour {
         OpenAndLook(application);
         Sort(application.Album(1));
         Highlight(application.Album(1));
+        Menus();
         OpenAFile(application);
         AlignAndClose(application);
     }
@@ -100,6 +101,14 @@ class Tour {
         Say("Tab goes to the next of them: " + album->HighlightCountLabel()->Text() + ".");
         Press(Qt::Key_Tab);
         KeepForHelp(PictureOf(album), "highlight");
+    }
+
+    void Menus() {
+        Say("Every command has its place in the menus.");
+        constexpr QRect kCorner(0, 0, 700, 300);
+        Keep(PictureOfMenu("File").copy(kCorner), "menu-file");
+        KeepForHelp(PictureOfMenu("Edit").copy(kCorner), "menu-edit");
+        Keep(PictureOfMenu("Help").copy(kCorner), "menu-help");
     }
 
     void OpenAFile(const RunningApplication& application) {

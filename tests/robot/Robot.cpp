@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
@@ -277,6 +278,16 @@ std::string EnabledItems(const std::string& menu) {
     opened.close();
     Settle();
     return ToText(items.join(QLatin1String(", ")));
+}
+
+QImage PictureOfMenu(const std::string& menu) {
+    QMenu& opened = OpenMenu(menu);
+    QWidget& frame = *QApplication::activeWindow();
+    QImage picture = frame.grab().toImage();
+    QPainter(&picture).drawPixmap(frame.mapFromGlobal(opened.pos()), opened.grab());
+    opened.close();
+    Settle();
+    return picture;
 }
 
 QWidget& WidgetOf(const Ref<Window>& window, const std::string& control) {

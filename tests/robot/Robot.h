@@ -61,6 +61,8 @@ void Type(const std::string& text);
 void Choose(const std::string& menu, const std::string& item);
 /// The items of a menu of the front window that could be chosen, without separators, joined by ", ".
 std::string EnabledItems(const std::string& menu);
+/// The front window with the menu open.
+QImage PictureOfMenu(const std::string& menu);
 
 /// The widget of a control, for its looks. Nothing is done to it here.
 QWidget& WidgetOf(const Ref<Window>& window, const std::string& control);

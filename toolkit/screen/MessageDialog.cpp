@@ -82,7 +82,7 @@ void MsgBox(const std::string& text) {
     QMessageBox box;
     box.setWindowTitle(DisplayName());
     SetPlainText(box, text, "");
-    box.addButton(QMessageBox::Ok);
+    box.addButton(QStringLiteral("OK"), QMessageBox::AcceptRole);
     MakeScrollable(box);
     RunDialog(box);
 }
