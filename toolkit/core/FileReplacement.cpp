@@ -63,13 +63,13 @@ class Replacement {
 
 void Replacement::OpenFolder() {
     const std::string folder = FolderOf(path_);
-    folder_ = Descriptor(OpenFolderPath(folder));
+    folder_ = OpenFolderPath(folder);
     if (!folder_ && errno == ENOENT) {
         for (std::size_t end = 0; end != std::string::npos;) {
             end = folder.find('/', end + 1);
             Check(mkdir(folder.substr(0, end).c_str(), S_IRWXU) == 0 || errno == EEXIST);
         }
-        folder_ = Descriptor(OpenFolderPath(folder));
+        folder_ = OpenFolderPath(folder);
     }
     Check(static_cast<bool>(folder_));
 }

@@ -1,16 +1,16 @@
 #include "FolderItem.h"
 
 #include "ColonPath.h"
+#include "Descriptor.h"
 #include "FileTypeRegistry.h"
 #include "FolderListing.h"
 #include "Place.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <unordered_set>
 
 namespace folimark {
@@ -248,29 +248,27 @@ std::string FolderItem::NativePath() const {
     return folder_ ? folder_->NativePath() + "/" + name_ : "/";
 }
 
-int FolderItem::OpenForReading() const {
+Descriptor FolderItem::OpenForReading() const {
     if (!folder_) {
         errno = EISDIR;
-        return -1;
+        return Descriptor();
     }
-    return WithFolder(folder_, [this](int folder) {
+    return Descriptor(WithFolder(folder_, [this](int folder) {
         // Even to open a pipe or a device can have effects, so the kind is asked first, and once more of what
         // was opened then.
         struct stat status {};
         if (fstatat(folder, name_.c_str(), &status, 0) != 0) {
             return -1;
         }
-        int file = -1;
         if (S_ISREG(status.st_mode)) {
-            file = openat(folder, name_.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-            if (file < 0 || (fstat(file, &status) == 0 && S_ISREG(status.st_mode))) {
-                return file;
+            Descriptor file(openat(folder, name_.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+            if (!file || (fstat(file.Get(), &status) == 0 && S_ISREG(status.st_mode))) {
+                return file.Release();
             }
-            close(file);
         }
         errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
         return -1;
-    });
+    }));
 }
 
 } // namespace folimark

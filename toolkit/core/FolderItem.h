@@ -11,6 +11,7 @@
 
 namespace folimark {
 
+class Descriptor;
 class FolderListing;
 class Place;
 enum class EntryKind : std::uint8_t;
@@ -67,9 +68,9 @@ class FolderItem : public Object {
     /// always UTF-8.
     std::string NativePath() const;
 
-    /// A descriptor of a regular file (O_CLOEXEC, O_NONBLOCK), which the caller closes; -1, with errno set,
-    /// if there is none or it can't be opened. Pipes, sockets and devices aren't touched.
-    int OpenForReading() const;
+    /// A descriptor of a regular file (O_CLOEXEC, O_NONBLOCK); none, with errno set, if there is no such file
+    /// or it can't be opened. Pipes, sockets and devices aren't touched.
+    Descriptor OpenForReading() const;
 
     /// Hands the item to the desktop: a file opens in its default application, a folder in the file browser,
     /// and that comes to the front. Doesn't wait, and reports nothing back.

@@ -1,5 +1,6 @@
 #include "FolderListing.h"
 
+#include "Descriptor.h"
 #include "Place.h"
 #include "Text.h"
 
@@ -7,14 +8,20 @@
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace folimark {
 namespace {
 
 constexpr const char* kHiddenFile = ".hidden";
 constexpr std::size_t kLargestHiddenFile = std::size_t{64} * 1024;
+
+struct CloseStream {
+    void operator()(DIR* stream) const { closedir(stream); }
+};
 
 EntryKind KindOf(const dirent& entry, int folder) {
     switch (entry.d_type) {
@@ -48,17 +55,17 @@ std::unordered_set<std::string> HiddenNames(int folder) {
     if (fstatat(folder, kHiddenFile, &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISREG(status.st_mode)) {
         return names;
     }
-    const int file = openat(folder, kHiddenFile, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (file < 0) {
+    const Descriptor file(
+        openat(folder, kHiddenFile, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file) {
         return names;
     }
     std::string text(kLargestHiddenFile + 1, '\0');
     std::size_t size = 0;
     ssize_t got = 0;
-    while (size < text.size() && (got = read(file, text.data() + size, text.size() - size)) > 0) {
+    while (size < text.size() && (got = read(file.Get(), text.data() + size, text.size() - size)) > 0) {
         size += static_cast<std::size_t>(got);
     }
-    close(file);
     if (got < 0 || size > kLargestHiddenFile) {
         return names;
     }
@@ -71,26 +78,26 @@ std::unordered_set<std::string> HiddenNames(int folder) {
 }
 
 FolderListing::FolderListing(const std::shared_ptr<const Place>& place) {
-    const int folder = WithFolder(
-        place, [](int descriptor) { return openat(descriptor, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
-    if (folder >= 0) {
-        Read(folder);
+    Descriptor folder(WithFolder(
+        place, [](int descriptor) { return openat(descriptor, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    if (folder) {
+        Read(std::move(folder));
     } else {
         unreadable_ = errno != ENOENT && errno != ENOTDIR;
     }
 }
 
-void FolderListing::Read(int folder) {
-    DIR* const stream = fdopendir(folder);
-    if (stream == nullptr) {
-        close(folder);
+void FolderListing::Read(Descriptor folder) {
+    const std::unique_ptr<DIR, CloseStream> stream(fdopendir(folder.Get()));
+    if (!stream) {
         unreadable_ = true;
         return;
     }
+    const int descriptor = folder.Release(); // the stream's own now
     bool hasHiddenFile = false;
     for (;;) {
         errno = 0;
-        const dirent* const entry = readdir(stream);
+        const dirent* const entry = readdir(stream.get());
         if (entry == nullptr) {
             unreadable_ = errno != 0;
             break;
@@ -100,16 +107,15 @@ void FolderListing::Read(int folder) {
             continue;
         }
         hasHiddenFile = hasHiddenFile || name == kHiddenFile;
-        entries_.push_back({entry->d_ino, names_.size(), KindOf(*entry, folder), name.starts_with('.')});
+        entries_.push_back({entry->d_ino, names_.size(), KindOf(*entry, descriptor), name.starts_with('.')});
         names_.append(name) += '\0';
     }
     // Rotating disks give the files' status far faster in the order in which it lies on them.
     std::sort(entries_.begin(), entries_.end(),
               [](const Entry& left, const Entry& right) { return left.inode < right.inode; });
     if (hasHiddenFile) {
-        HideNamed(HiddenNames(folder));
+        HideNamed(HiddenNames(descriptor));
     }
-    closedir(stream);
 }
 
 void FolderListing::HideNamed(const std::unordered_set<std::string>& hiddenNames) {

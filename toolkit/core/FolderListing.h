@@ -9,6 +9,7 @@
 
 namespace folimark {
 
+class Descriptor;
 class Place;
 
 /// What an item was known to be when it was made. A link isn't followed here.
@@ -35,8 +36,7 @@ class FolderListing {
         bool hidden;
     };
 
-    /// Takes over the descriptor.
-    void Read(int folder);
+    void Read(Descriptor folder);
     void HideNamed(const std::unordered_set<std::string>& hiddenNames);
 
     std::vector<Entry> entries_;

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <unistd.h>
 #include <vector>
 
 namespace folimark {
@@ -19,29 +18,26 @@ constexpr std::size_t kLongestPiece = 4000;
 /// The folder that was asked last. Its names are kept when the descriptor is closed.
 struct {
     std::shared_ptr<const Place> place;
-    int descriptor = -1;
+    Descriptor descriptor;
 } lastFolder;
 
-void SetLastFolder(const std::shared_ptr<const Place>& place, int descriptor) {
-    DropFolderCache();
-    lastFolder.place = place;
-    lastFolder.descriptor = descriptor;
-}
-
 /// The open folder, which stays the cache's own. From its parent it is found by its name alone, so that a
-/// deep tree isn't looked up from the root at each step downwards.
+/// deep tree isn't looked up from the root at each step downwards. -1 on failure, which leaves the cache
+/// alone.
 int OpenedFolder(const std::shared_ptr<const Place>& place) {
-    if (lastFolder.descriptor >= 0 && lastFolder.place == place) {
-        return lastFolder.descriptor;
+    if (lastFolder.descriptor && lastFolder.place == place) {
+        return lastFolder.descriptor.Get();
     }
-    const bool parentIsOpen =
-        lastFolder.descriptor >= 0 && place->Parent() && lastFolder.place == place->Parent();
-    const int descriptor = parentIsOpen ? openat(lastFolder.descriptor, place->Name().c_str(), kOpenFolder)
-                                        : OpenFolderPath(place->NativePath());
-    if (descriptor >= 0) {
-        SetLastFolder(place, descriptor);
+    const bool parentIsOpen = lastFolder.descriptor && place->Parent() && lastFolder.place == place->Parent();
+    Descriptor opened =
+        parentIsOpen ? Descriptor(openat(lastFolder.descriptor.Get(), place->Name().c_str(), kOpenFolder))
+                     : OpenFolderPath(place->NativePath());
+    if (!opened) {
+        return -1;
     }
-    return descriptor;
+    lastFolder.place = place;
+    lastFolder.descriptor = std::move(opened);
+    return lastFolder.descriptor.Get();
 }
 
 } // namespace
@@ -73,9 +69,9 @@ const std::string& Place::ColonPath() const {
     return colonPath_;
 }
 
-int OpenFolderPath(std::string_view nativePath) {
+Descriptor OpenFolderPath(std::string_view nativePath) {
     std::string path = nativePath.empty() ? "/" : std::string(nativePath);
-    int folder = AT_FDCWD;
+    Descriptor folder;
     for (std::size_t start = 0; start < path.size();) {
         std::size_t end = path.size();
         if (end - start > kLongestPiece) {
@@ -86,16 +82,10 @@ int OpenFolderPath(std::string_view nativePath) {
                 path[end] = '\0';
             }
         }
-        const int next = openat(folder, path.c_str() + start, kOpenFolder);
-        if (folder != AT_FDCWD) {
-            const int error = errno;
-            close(folder);
-            errno = error;
+        folder = Descriptor(openat(folder ? folder.Get() : AT_FDCWD, path.c_str() + start, kOpenFolder));
+        if (!folder) {
+            break;
         }
-        if (next < 0) {
-            return -1;
-        }
-        folder = next;
         start = end + 1;
     }
     return folder;
@@ -109,12 +99,13 @@ std::shared_ptr<const Place> PlaceOfColonPath(std::string_view colonPath) {
     if (!path) {
         return nullptr;
     }
-    SetLastFolder(std::make_shared<const Place>(*std::move(path)), -1);
+    DropFolderCache();
+    lastFolder.place = std::make_shared<const Place>(*std::move(path));
     return lastFolder.place;
 }
 
 int WithFolder(const std::shared_ptr<const Place>& place, const std::function<int(int descriptor)>& call) {
-    const bool wasOpen = lastFolder.descriptor >= 0;
+    const bool wasOpen = static_cast<bool>(lastFolder.descriptor);
     int folder = OpenedFolder(place);
     int result = folder < 0 ? -1 : call(folder);
     if (result < 0 && wasOpen && (errno == ENOENT || errno == ENOTDIR)) {
@@ -126,10 +117,7 @@ int WithFolder(const std::shared_ptr<const Place>& place, const std::function<in
 }
 
 void DropFolderCache() {
-    if (lastFolder.descriptor >= 0) {
-        close(lastFolder.descriptor);
-        lastFolder.descriptor = -1;
-    }
+    lastFolder.descriptor.Close();
 }
 
 } // namespace folimark

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Descriptor.h"
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -33,8 +35,8 @@ class Place {
 };
 
 /// Opens a folder only for finding things in it (O_PATH), whatever the length of its path. Links are
-/// followed. -1, with errno set, on failure.
-int OpenFolderPath(std::string_view nativePath);
+/// followed. None, with errno set, on failure.
+Descriptor OpenFolderPath(std::string_view nativePath);
 
 /// The place of a folder's colon path, the one that was opened last if it is that; null if it can't be a
 /// path.

@@ -1,10 +1,10 @@
 #include "TextStreams.h"
 
+#include "Descriptor.h"
 #include "FileReplacement.h"
 #include "Text.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <unistd.h>
 
@@ -16,21 +16,21 @@ constexpr std::size_t kPiece = std::size_t{64} * 1024;
 } // namespace
 
 Ref<TextInputStream> TextInputStream::Open(const Ref<FolderItem>& file) {
-    const int descriptor = file->OpenForReading();
-    if (descriptor < 0) {
-        throw IOException("Can't open", file->NativePath(), errno);
+    const Descriptor descriptor = file->OpenForReading();
+    if (!descriptor) {
+        const int error = errno;
+        throw IOException("Can't open", file->NativePath(), error);
     }
     std::string text;
     ssize_t got = 0;
     do {
         const std::size_t size = text.size();
         text.resize(size + kPiece);
-        got = read(descriptor, text.data() + size, kPiece);
+        got = read(descriptor.Get(), text.data() + size, kPiece);
         text.resize(size + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     } while (got > 0 || (got < 0 && errno == EINTR));
-    const int error = errno;
-    close(descriptor);
     if (got < 0) {
+        const int error = errno;
         throw IOException("Can't read", file->NativePath(), error);
     }
     return Ref<TextInputStream>(new TextInputStream(std::move(text)));

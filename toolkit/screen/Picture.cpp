@@ -36,7 +36,7 @@ Picture::Picture(std::unique_ptr<NativePicture> native) : native_(std::move(nati
 Picture::~Picture() = default;
 
 Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight) {
-    const Descriptor descriptor(file->OpenForReading());
+    const Descriptor descriptor = file->OpenForReading();
     if (!descriptor) {
         return {};
     }
