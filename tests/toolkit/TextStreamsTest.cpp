@@ -19,6 +19,7 @@ void Save(const Ref<FolderItem>& file, const std::vector<std::string>& lines) {
     }
     stream->Close();
     stream->Close();
+    EXPECT_THROW(stream->WriteLine("too late"), IOException);
 }
 
 std::vector<std::string> Load(const Ref<FolderItem>& file) {

@@ -54,6 +54,9 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& file) {
 }
 
 void TextOutputStream::WriteLine(std::string_view text) {
+    if (closed_) {
+        throw IOException("The file “" + path_ + "” is closed, and takes no further line.");
+    }
     text_.append(text).append(EndOfLine);
 }
 

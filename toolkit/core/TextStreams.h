@@ -40,12 +40,12 @@ class TextOutputStream : public Object {
     /// `file` need not exist, nor the folders above it.
     static Ref<TextOutputStream> Create(const Ref<FolderItem>& file);
 
-    /// Adds the text and a line end.
+    /// Adds the text and a line end. Raises IOException after Close: the line could not be saved any more.
     void WriteLine(std::string_view text);
 
     /// Writes a new file beside the old one, brings it to the disk, and gives it the old one's name and
     /// permissions (a new file is its owner's alone). Through a symbolic link it replaces what the link leads
-    /// to. Raises IOException if any of this fails. Closing again does nothing.
+    /// to. Raises IOException if any of this fails. Closing again does nothing, also if it has failed.
     void Close();
 
   private:
