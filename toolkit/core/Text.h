@@ -9,14 +9,14 @@
 namespace folimark {
 
 // Text is UTF-8. A character is a code point: a byte that starts one, with the continuation bytes behind it.
-// Positions, lengths and field numbers count characters or fields from 1. None of these functions raises, and
-// none depends on the locale.
+// Positions, lengths and field numbers count characters or fields from 1. None of these functions depends on
+// the locale. None raises, but for a RuntimeException where the system's Unicode library lacks its data.
 
 /// The platform's line end.
 inline constexpr char EndOfLine[] = "\n";
 
 /// The position of the first occurrence of `wanted` at or behind position `start` (0 means 1), letter case
-/// ignored; 0 if there is none, or if `wanted` is empty.
+/// ignored by FoldCase, so that "SS" is found in "Maß"; 0 if there is none, or if `wanted` is empty.
 std::int64_t InStr(std::string_view text, std::string_view wanted, std::int64_t start = 0);
 
 /// The number of fields between the separators. Even an empty text has one field. The separator's letter case
@@ -66,7 +66,8 @@ constexpr Color RGB(int red, int green, int blue, int alpha = 0) {
 /// Bytes that are no UTF-8 stay as they are.
 std::string FoldCase(std::string_view text);
 
-/// The equality of texts everywhere in the application: letter case is ignored.
+/// The equality of texts everywhere in the application: letter case is ignored, character by character
+/// (Unicode's simple case folding). "Maße" and "Masse", which FoldCase makes one, differ in more than case.
 bool EqualText(std::string_view left, std::string_view right);
 
 /// Does `text` start with `folded`, which FoldCase has made? Letter case is ignored.

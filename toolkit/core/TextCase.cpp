@@ -1,7 +1,11 @@
 #include "Text.h"
 
+#include "Exceptions.h"
+
 #include <memory>
 #include <unicode/ucasemap.h>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 namespace folimark {
 namespace {
@@ -14,10 +18,23 @@ char LowerAscii(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
 }
 
-const UCaseMap* CaseMap() {
+void Check(UErrorCode error) {
+    if (U_FAILURE(error)) {
+        throw RuntimeException(std::string("Letter case can't be taken out: ") + u_errorName(error) + ".");
+    }
+}
+
+using Map = std::unique_ptr<UCaseMap, decltype(&ucasemap_close)>;
+
+Map OpenCaseMap() {
     UErrorCode error = U_ZERO_ERROR;
-    static const std::unique_ptr<UCaseMap, decltype(&ucasemap_close)> map(ucasemap_open("", 0, &error),
-                                                                          &ucasemap_close);
+    Map map(ucasemap_open("", 0, &error), &ucasemap_close);
+    Check(error);
+    return map;
+}
+
+const UCaseMap* CaseMap() {
+    static const Map map = OpenCaseMap();
     return map.get();
 }
 
@@ -33,10 +50,25 @@ void AppendFolded(std::string& result, std::string_view text) {
                                   text.data(), static_cast<std::int32_t>(text.size()), &error);
         room = static_cast<std::size_t>(length);
         if (error != U_BUFFER_OVERFLOW_ERROR) {
+            Check(error);
             break;
         }
     }
     result.resize(start + room);
+}
+
+/// The character at `byte`, its letter case taken out, with `byte` moved behind it. A byte that is no UTF-8
+/// counts as a character of its own, below 0.
+UChar32 NextFolded(std::string_view text, std::size_t& byte) {
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    const std::size_t start = byte;
+    UChar32 character = 0;
+    U8_NEXT(bytes, byte, text.size(), character);
+    if (character < 0) {
+        byte = start + 1;
+        return -1 - bytes[start];
+    }
+    return u_foldCase(character, U_FOLD_CASE_DEFAULT);
 }
 
 } // namespace
@@ -66,18 +98,14 @@ std::string FoldCase(std::string_view text) {
 }
 
 bool EqualText(std::string_view left, std::string_view right) {
-    if (left == right) {
-        return true;
-    }
-    for (std::size_t i = 0; i < left.size() && i < right.size(); ++i) {
-        if (!IsAscii(left[i]) || !IsAscii(right[i])) {
-            return FoldCase(left.substr(i)) == FoldCase(right.substr(i));
-        }
-        if (LowerAscii(left[i]) != LowerAscii(right[i])) {
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < left.size() && j < right.size()) {
+        if (NextFolded(left, i) != NextFolded(right, j)) {
             return false;
         }
     }
-    return left.size() == right.size();
+    return i == left.size() && j == right.size();
 }
 
 bool StartsWithFolded(std::string_view text, std::string_view folded) {

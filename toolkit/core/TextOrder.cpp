@@ -1,7 +1,8 @@
 #include "Text.h"
 
+#include "Exceptions.h"
+
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <endian.h>
 #include <functional>
@@ -22,6 +23,9 @@ using Collator = std::unique_ptr<UCollator, decltype(&ucol_close)>;
 Collator OpenRootCollator(UColAttributeValue strength) {
     UErrorCode error = U_ZERO_ERROR;
     Collator collator(ucol_open("", &error), &ucol_close);
+    if (U_FAILURE(error)) {
+        throw RuntimeException(std::string("The order of texts can't be had: ") + u_errorName(error) + ".");
+    }
     ucol_setStrength(collator.get(), strength);
     return collator;
 }
