@@ -13,13 +13,15 @@ class FileType : public Object {
     std::string Name;
     /// File name extensions with their dots, separated by ";".
     std::string Extensions;
-    /// Four-character codes of the classic file system; "????" for none.
+    /// Codes of the classic file system, of four characters as a rule; "????" for none.
     std::string MacType;
     std::string MacCreator;
+    /// The MIME type, and the identifiers of the more general types; "" in every row.
     std::string MimeType;
     std::string ConformsTo;
     /// The uniform type identifier, or "".
     std::string UTI;
+    /// True for a type that others have defined, False for one of the application's own.
     bool Imported = false;
 
     /// Makes FolderItem::Type know the row. A second call does nothing.
