@@ -93,9 +93,11 @@ std::optional<Pixels> DecodeJpeg2000(Bytes file, Size wanted) {
     const std::unique_ptr<opj_image_t, ImageRelease> image(head);
     // The first component is the picture; the others are stretched to it.
     constexpr OPJ_UINT32 kLongestSide = 1 << 20;
+    if (image->numcomps == 0) {
+        return std::nullopt;
+    }
     const opj_image_comp_t& first = image->comps[0];
-    if (image->numcomps == 0 || first.w == 0 || first.h == 0 || first.w > kLongestSide
-        || first.h > kLongestSide) {
+    if (first.w == 0 || first.h == 0 || first.w > kLongestSide || first.h > kLongestSide) {
         return std::nullopt;
     }
     const Size picture{static_cast<int>(first.w), static_cast<int>(first.h)};
