@@ -12,7 +12,8 @@
 
 namespace folimark {
 
-/// A growing array with indexes from 0 to Ubound. It is a value: a copy has elements of its own.
+/// A growing array with indexes from 0 to Ubound. It is a value: a copy has elements of its own. An index
+/// outside raises OutOfBoundsException everywhere.
 template <class T>
 class Array {
   public:
@@ -22,7 +23,8 @@ class Array {
     /// The highest index; -1 for an empty array.
     std::int64_t Ubound() const { return static_cast<std::int64_t>(elements_.size()) - 1; }
 
-    /// Makes `ubound` the highest index (-1 empties the array). New elements are "", 0, False or nil.
+    /// Makes `ubound` the highest index (-1 empties the array). New elements are "", 0, False or nil. Raises
+    /// OutOfBoundsException for an index below -1.
     void Redim(std::int64_t ubound) {
         if (ubound < -1) {
             throw OutOfBoundsException("No array can end at index " + Str(ubound) + ".");
@@ -45,7 +47,7 @@ class Array {
     const std::vector<T>& Elements() const { return elements_; }
 
     /// Puts the elements into a new order: `order[i]` is the old index of what will stand at index i.
-    /// Raises if the order isn't one of as many elements.
+    /// Raises OutOfBoundsException if the order isn't one of as many elements.
     void Reorder(const std::vector<std::size_t>& order) {
         if (order.size() != elements_.size()) {
             throw OutOfBoundsException("Arrays that are sorted together differ in length.");

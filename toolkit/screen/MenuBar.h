@@ -11,8 +11,8 @@ namespace folimark {
 
 struct NativeMenuItem;
 
-/// A menu, or an item of one. All windows that share a menu bar show the same items, and see at once what is
-/// written to them.
+/// A menu, or an item of one. All windows that share a menu bar show the same items. They see at once what is
+/// written to Text and Enabled; all else is taken when a window is built.
 class MenuItem : public Object {
   public:
     MenuItem();
