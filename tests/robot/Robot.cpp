@@ -6,6 +6,7 @@
 #include "PlatformText.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QMenu>
@@ -14,6 +15,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
+#include <QWindow>
 
 namespace folimark::test {
 namespace {

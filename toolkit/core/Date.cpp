@@ -1,7 +1,6 @@
 #include "Date.h"
 
 #include <array>
-#include <cstdio>
 #include <ctime>
 
 namespace folimark {

@@ -5,6 +5,8 @@
 #include <QtGui/QPainter>
 #include <QtPdf/QPdfDocument>
 
+#include <algorithm>
+
 namespace folimark {
 namespace {
 
