@@ -37,7 +37,8 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                         const QModelIndex& index) const {
     painter->save();
     painter->setClipRect(option.rect);
-    Graphics background(std::make_unique<PainterSurface>(*painter, option.rect));
+    Graphics background(
+        std::make_unique<PainterSurface>(*painter, option.rect, option.palette.color(QPalette::Base)));
     const bool painted = view_.List().PaintCellBackground(background, index.row(), index.column());
     const bool selected = index.row() == view_.List().ListIndex();
     const bool active = option.state.testFlag(QStyle::State_Active);

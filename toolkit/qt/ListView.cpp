@@ -252,12 +252,13 @@ void ListView::PaintEmptyRows() {
     const int rows = model_->rowCount();
     int top = rows == 0 ? 0 : rowViewportPosition(rows - 1) + Listbox::kRowHeight;
     QPainter painter(viewport());
+    const QColor ground = palette().color(QPalette::Base);
     for (std::int64_t row = rows; top < viewport()->height(); ++row, top += Listbox::kRowHeight) {
         for (int column = 0; column < model_->columnCount(); ++column) {
             if (!isColumnHidden(column)) {
                 const QRect cell(columnViewportPosition(column), top, columnWidth(column),
                                  Listbox::kRowHeight);
-                Graphics graphics(std::make_unique<PainterSurface>(painter, cell));
+                Graphics graphics(std::make_unique<PainterSurface>(painter, cell, ground));
                 list_.PaintCellBackground(graphics, row, column);
             }
         }

@@ -21,8 +21,8 @@ void PainterSurface::FillRect(int x, int y, int width, int height, Color color) 
 
 void PainterSurface::ClearRect(int x, int y, int width, int height) {
     const QPainter::CompositionMode mode = painter_.compositionMode();
-    painter_.setCompositionMode(QPainter::CompositionMode_Clear);
-    painter_.fillRect(QRect(x, y, width, height).translated(room_.topLeft()) & room_, Qt::black);
+    painter_.setCompositionMode(QPainter::CompositionMode_Source);
+    painter_.fillRect(QRect(x, y, width, height).translated(room_.topLeft()) & room_, ground_);
     painter_.setCompositionMode(mode);
 }
 

@@ -2,6 +2,7 @@
 
 #include "Graphics.h"
 
+#include <QColor>
 #include <QRect>
 
 class QPainter;
@@ -11,7 +12,9 @@ namespace folimark {
 /// A rectangle of something that a QPainter paints, for the length of a paint.
 class PainterSurface : public Graphics::Surface {
   public:
-    PainterSurface(QPainter& painter, const QRect& room) : painter_(painter), room_(room) {}
+    /// `ground` is what ClearRect leaves.
+    PainterSurface(QPainter& painter, const QRect& room, const QColor& ground)
+        : painter_(painter), room_(room), ground_(ground) {}
 
     int Width() const override { return room_.width(); }
     int Height() const override { return room_.height(); }
@@ -24,6 +27,7 @@ class PainterSurface : public Graphics::Surface {
   private:
     QPainter& painter_;
     QRect room_;
+    QColor ground_;
 };
 
 } // namespace folimark

@@ -7,34 +7,34 @@
 #include <QPainter>
 
 #include <cmath>
+#include <utility>
 
 namespace folimark {
 namespace {
 
-/// Holds the painter for as long as somebody draws.
-struct PainterHolder {
-    QPainter painter;
-};
-
-class PictureSurface : private PainterHolder, public PainterSurface {
-  public:
-    explicit PictureSurface(NativePicture& native)
-        : PainterHolder{QPainter(&native.image)},
-          PainterSurface(painter, QRect(0, 0, native.width, native.height)) {
-        painter.scale(static_cast<double>(native.image.width()) / native.width,
-                      static_cast<double>(native.image.height()) / native.height);
+/// Calls `draw` with a surface of the picture, if that has any points.
+template <class Drawing>
+void Draw(NativePicture* picture, const Drawing& draw) {
+    if (picture == nullptr || picture->image.isNull()) {
+        return;
     }
-};
+    QPainter painter(&picture->image);
+    painter.scale(static_cast<double>(picture->image.width()) / picture->width,
+                  static_cast<double>(picture->image.height()) / picture->height);
+    PainterSurface surface(painter, QRect(0, 0, picture->width, picture->height), Qt::transparent);
+    draw(surface);
+}
 
-/// The surface of a picture without any points.
-class NoSurface : public Graphics::Surface {
+/// The surface of a picture of the application's.
+class OwnedPictureSurface : public PictureSurface {
   public:
-    int Width() const override { return 0; }
-    int Height() const override { return 0; }
-    void FillRect(int, int, int, int, Color) override {}
-    void ClearRect(int, int, int, int) override {}
-    void DrawPicture(const Picture&, int, int, int, int, int, int, int, int) override {}
-    void DrawText(const std::string&, int, int, int, int, Color) override {}
+    explicit OwnedPictureSurface(std::shared_ptr<NativePicture> picture) : picture_(std::move(picture)) {}
+
+  protected:
+    NativePicture* Target() const override { return picture_.get(); }
+
+  private:
+    std::shared_ptr<NativePicture> picture_;
 };
 
 } // namespace
@@ -51,11 +51,37 @@ void MakeBlank(NativePicture& picture, int width, int height) {
     picture.image.fill(Qt::transparent);
 }
 
-std::unique_ptr<Graphics::Surface> SurfaceOf(NativePicture& picture) {
-    if (picture.image.isNull()) {
-        return std::make_unique<NoSurface>();
-    }
-    return std::make_unique<PictureSurface>(picture);
+int PictureSurface::Width() const {
+    const NativePicture* target = Target();
+    return target == nullptr ? 0 : target->width;
+}
+
+int PictureSurface::Height() const {
+    const NativePicture* target = Target();
+    return target == nullptr ? 0 : target->height;
+}
+
+void PictureSurface::FillRect(int x, int y, int width, int height, Color color) {
+    Draw(Target(), [&](Surface& surface) { surface.FillRect(x, y, width, height, color); });
+}
+
+void PictureSurface::ClearRect(int x, int y, int width, int height) {
+    Draw(Target(), [&](Surface& surface) { surface.ClearRect(x, y, width, height); });
+}
+
+void PictureSurface::DrawPicture(const Picture& picture, int x, int y, int width, int height, int sourceX,
+                                 int sourceY, int sourceWidth, int sourceHeight) {
+    Draw(Target(), [&](Surface& surface) {
+        surface.DrawPicture(picture, x, y, width, height, sourceX, sourceY, sourceWidth, sourceHeight);
+    });
+}
+
+void PictureSurface::DrawText(const std::string& text, int x, int y, int width, int height, Color color) {
+    Draw(Target(), [&](Surface& surface) { surface.DrawText(text, x, y, width, height, color); });
+}
+
+std::unique_ptr<Graphics::Surface> SurfaceOf(std::shared_ptr<NativePicture> picture) {
+    return std::make_unique<OwnedPictureSurface>(std::move(picture));
 }
 
 } // namespace folimark

@@ -14,7 +14,24 @@ int InDevicePixels(int logical);
 /// Makes `picture` a transparent one of that size, as sharp as the sharpest screen.
 void MakeBlank(NativePicture& picture, int width, int height);
 
-/// A surface for drawing into a picture, which has to outlive it.
-std::unique_ptr<Graphics::Surface> SurfaceOf(NativePicture& picture);
+/// Draws into a picture, which is opened for each call anew: however many surfaces a picture has, and however
+/// long they are kept, none is in another's way.
+class PictureSurface : public Graphics::Surface {
+  public:
+    int Width() const override;
+    int Height() const override;
+    void FillRect(int x, int y, int width, int height, Color color) override;
+    void ClearRect(int x, int y, int width, int height) override;
+    void DrawPicture(const Picture& picture, int x, int y, int width, int height, int sourceX, int sourceY,
+                     int sourceWidth, int sourceHeight) override;
+    void DrawText(const std::string& text, int x, int y, int width, int height, Color color) override;
+
+  protected:
+    /// The picture to draw into now; null if there is none.
+    virtual NativePicture* Target() const = 0;
+};
+
+/// A surface of that picture, which lives as long as one of its owners does.
+std::unique_ptr<Graphics::Surface> SurfaceOf(std::shared_ptr<NativePicture> picture);
 
 } // namespace folimark

@@ -14,19 +14,18 @@ void Canvas::MakeWidget(NativeWindow& window) {
             }
         });
     });
+    Backdrop(backdrop_);
 }
 
 void Canvas::Backdrop(Ref<Picture> picture) {
     backdrop_ = std::move(picture);
-    if (!backdrop_) {
-        ShowBlank();
-    } else if (auto* widget = Native().As<CanvasWidget>()) {
-        widget->Show(backdrop_->Native().image, QSize(backdrop_->Width(), backdrop_->Height()));
+    auto* widget = Native().As<CanvasWidget>();
+    if (widget == nullptr) {
+        return;
     }
-}
-
-void Canvas::ShowBlank() {
-    if (auto* widget = Native().As<CanvasWidget>()) {
+    if (backdrop_) {
+        widget->Show(backdrop_->Native().image, QSize(backdrop_->Width(), backdrop_->Height()));
+    } else {
         widget->Show(QImage(), QSize());
     }
 }

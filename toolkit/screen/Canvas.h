@@ -9,9 +9,8 @@ namespace folimark {
 class Canvas : public RectControl {
   public:
     const Ref<Picture>& Backdrop() const { return backdrop_; }
+    /// A nil picture shows the window's own colour.
     void Backdrop(Ref<Picture> picture);
-    /// Shows the window's own colour until the next write to Backdrop.
-    void ShowBlank();
 
     /// The user double-clicked; given the place in the canvas, in logical pixels.
     std::function<void(Canvas&, int x, int y)> DoubleClick;

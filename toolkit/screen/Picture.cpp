@@ -27,7 +27,7 @@ QImage ReadResource(const std::string& fileName) {
 
 } // namespace
 
-Picture::Picture(int width, int height, int /*depth*/) : native_(std::make_unique<NativePicture>()) {
+Picture::Picture(int width, int height, int /*depth*/) : native_(std::make_shared<NativePicture>()) {
     MakeBlank(*native_, width, height);
 }
 
@@ -74,7 +74,10 @@ int Picture::Height() const {
 }
 
 Ref<folimark::Graphics> Picture::Graphics() {
-    return New<folimark::Graphics>(SurfaceOf(*native_));
+    if (!graphics_) {
+        graphics_ = New<folimark::Graphics>(SurfaceOf(native_));
+    }
+    return graphics_;
 }
 
 } // namespace folimark

@@ -33,14 +33,15 @@ class Picture : public Object {
 
     int Width() const;
     int Height() const;
-    /// A surface for drawing into the picture.
+    /// The surface for drawing into the picture, always the same one. It may be kept longer than the picture.
     Ref<folimark::Graphics> Graphics();
 
     /// For the toolkit: the picture as the window system holds it.
     const NativePicture& Native() const { return *native_; }
 
   private:
-    std::unique_ptr<NativePicture> native_;
+    std::shared_ptr<NativePicture> native_; // shared with the surface
+    Ref<folimark::Graphics> graphics_;      // made at the first question
 };
 
 } // namespace folimark

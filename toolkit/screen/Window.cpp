@@ -1,20 +1,19 @@
 #include "Window.h"
 
 #include "Application.h"
-#include "Canvas.h"
 #include "EventGate.h"
 #include "FolderItem.h"
 #include "MenuBarBuilder.h"
 #include "NativeWindow.h"
 #include "OpenWindowList.h"
-#include "PictureSurface.h"
 #include "PlatformText.h"
+#include "WindowSurface.h"
 
 #include <QEventLoop>
 
 namespace folimark {
 
-Window::Window() : native_(std::make_unique<NativeWindow>()) {}
+Window::Window() : native_(std::make_shared<NativeWindow>()) {}
 
 Window::~Window() {
     // Widgets that are still there belong to a window that was never shown, and look into its controls.
@@ -193,51 +192,10 @@ int Window::ControlCount() const {
 }
 
 Ref<folimark::Graphics> Window::Graphics() {
-    /// Draws under the controls; a canvas that is cleared as a whole goes blank with it.
-    class WindowSurface : public folimark::Graphics::Surface {
-      public:
-        explicit WindowSurface(Window& window) : window_(&window) {}
-        int Width() const override { return window_->Width(); }
-        int Height() const override { return window_->Height(); }
-        void FillRect(int x, int y, int width, int height, Color color) override {
-            Under().FillRect(x, y, width, height, color);
-        }
-        void ClearRect(int x, int y, int width, int height) override {
-            if (window_->native_->frame && window_->native_->frame->Content()->HasUnderlay()) {
-                Under().ClearRect(x, y, width, height);
-            }
-            for (const Ref<RectControl>& control : window_->controls_) {
-                const bool inside = control->Left() >= x && control->Top() >= y
-                                    && control->Left() + control->Width() <= x + width
-                                    && control->Top() + control->Height() <= y + height;
-                if (const Ref<Canvas> canvas = control.As<Canvas>(); canvas && inside) {
-                    canvas->ShowBlank();
-                }
-            }
-        }
-        void DrawPicture(const Picture& picture, int x, int y, int width, int height, int sourceX,
-                         int sourceY, int sourceWidth, int sourceHeight) override {
-            Under().DrawPicture(picture, x, y, width, height, sourceX, sourceY, sourceWidth, sourceHeight);
-        }
-        void DrawText(const std::string& text, int x, int y, int width, int height, Color color) override {
-            Under().DrawText(text, x, y, width, height, color);
-        }
-
-      private:
-        /// Made at the first need: most windows never draw on themselves.
-        folimark::Graphics::Surface& Under() {
-            if (!under_) {
-                WindowFrame* frame = window_->native_->frame;
-                under_ = SurfaceOf(frame != nullptr ? frame->Content()->Underlay() : nothing_);
-            }
-            return *under_;
-        }
-
-        Ref<Window> window_;
-        NativePicture nothing_;
-        std::unique_ptr<folimark::Graphics::Surface> under_;
-    };
-    return New<folimark::Graphics>(std::make_unique<WindowSurface>(*this));
+    if (!graphics_) {
+        graphics_ = New<folimark::Graphics>(std::make_unique<WindowSurface>(native_));
+    }
+    return graphics_;
 }
 
 void Window::ResizedByUser(bool ended) {

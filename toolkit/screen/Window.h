@@ -68,7 +68,7 @@ class Window : public Object {
     Color BackColor() const;
     /// How many controls the window has; 0 once it has closed.
     int ControlCount() const;
-    /// The surface of the whole content. What it clears is blank until it is drawn anew.
+    /// The surface of the whole content, always the same one. What it clears is blank until it is drawn anew.
     Ref<folimark::Graphics> Graphics();
 
     Ref<folimark::MenuBar> MenuBar() const { return menuBar_; }
@@ -137,9 +137,10 @@ class Window : public Object {
 
     enum class State : std::uint8_t { Made, Open, Closing, Closed };
 
-    std::unique_ptr<NativeWindow> native_;
+    std::shared_ptr<NativeWindow> native_; // shared with the surface
     WindowLayout layout_;
     std::string title_;
+    Ref<folimark::Graphics> graphics_; // made at the first question
     Ref<folimark::MenuBar> menuBar_;
     std::map<std::string, std::function<bool()>> menuHandlers_;
     std::vector<Ref<RectControl>> controls_;
