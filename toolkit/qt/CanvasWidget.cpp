@@ -4,6 +4,11 @@
 #include <QPainter>
 
 namespace folimark {
+namespace {
+
+constexpr double kDimmed = 0.4;
+
+} // namespace
 
 CanvasWidget::CanvasWidget(QWidget* parent, std::function<void(int x, int y)> doubleClick)
     : QWidget(parent), doubleClick_(std::move(doubleClick)) {}
@@ -18,6 +23,7 @@ void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
     if (!image_.isNull()) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.setOpacity(isEnabled() ? 1 : kDimmed);
         painter.drawImage(QRect(QPoint(0, 0), size_), image_);
     }
 }

@@ -16,6 +16,9 @@ const QColor kSelection(0x2A, 0x5D, 0xB0);
 const QColor kSelectionText(Qt::white);
 const QColor kIdleSelection(0xC3, 0xCF, 0xE2);
 const QColor kText(Qt::black);
+// Both in a list that is disabled.
+const QColor kDimmedSelection(0xE0, 0xE0, 0xE0);
+const QColor kDimmedText(0x6B, 0x6B, 0x6B);
 constexpr int kEndWidth = 4;
 constexpr int kTextMargin = 6;
 
@@ -41,16 +44,20 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
         std::make_unique<PainterSurface>(*painter, option.rect, option.palette.color(QPalette::Base)));
     const bool painted = view_.List().PaintCellBackground(background, index.row(), index.column());
     const bool selected = index.row() == view_.List().ListIndex();
-    const bool active = option.state.testFlag(QStyle::State_Active);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool active = enabled && option.state.testFlag(QStyle::State_Active);
     if (selected) {
-        PaintSelection(*painter, option.rect, active ? kSelection : kIdleSelection, index.column() == 0,
-                       index.column() == view_.List().ColumnCount() - 1);
+        PaintSelection(*painter, option.rect,
+                       active    ? kSelection
+                       : enabled ? kIdleSelection
+                                 : kDimmedSelection,
+                       index.column() == 0, index.column() == view_.List().ColumnCount() - 1);
     }
     if (!painted) {
         const QRect room = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
         const QString text = index.data(Qt::DisplayRole).toString();
         painter->setFont(view_.font());
-        painter->setPen(selected && active ? kSelectionText : kText);
+        painter->setPen(selected && active ? kSelectionText : enabled ? kText : kDimmedText);
         // A name that is read from the right stays at its column's side, with its extension at its end.
         painter->drawText(room,
                           index.data(Qt::TextAlignmentRole).toInt() | static_cast<int>(Qt::TextSingleLine)
