@@ -20,7 +20,6 @@ const QColor kText(Qt::black);
 const QColor kDimmedSelection(0xE0, 0xE0, 0xE0);
 const QColor kDimmedText(0x6B, 0x6B, 0x6B);
 constexpr int kEndWidth = 4;
-constexpr int kTextMargin = 6;
 
 void PaintSelection(QPainter& painter, QRect cell, const QColor& color, bool isFirst, bool isLast) {
     if (isFirst) {

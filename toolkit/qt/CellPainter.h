@@ -9,6 +9,9 @@ class ListView;
 /// Paints a cell: the background that the list's owner wants, the selection, and the text.
 class CellPainter : public QStyledItemDelegate {
   public:
+    /// What is kept free on both sides of a text, in logical pixels.
+    static constexpr int kTextMargin = 6;
+
     explicit CellPainter(ListView* view);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,

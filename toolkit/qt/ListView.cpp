@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "CellPainter.h"
+#include "Headings.h"
 #include "KeyBacklog.h"
 #include "Listbox.h"
 #include "PainterSurface.h"
@@ -10,7 +11,6 @@
 
 #include <QApplication>
 #include <QDateTime>
-#include <QHeaderView>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -53,7 +53,8 @@ ListView::ListView(Listbox& list, QWidget* parent)
     verticalHeader()->setMinimumSectionSize(Listbox::kRowHeight);
     verticalHeader()->setDefaultSectionSize(Listbox::kRowHeight);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    QHeaderView* headings = horizontalHeader();
+    auto* headings = new Headings(this);
+    setHorizontalHeader(headings);
     headings->setVisible(list.HasHeading());
     headings->setHighlightSections(false);
     headings->setSectionResizeMode(QHeaderView::Fixed);
