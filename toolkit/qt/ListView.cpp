@@ -32,6 +32,11 @@ QFont FontForRows(QFont font) {
     return font;
 }
 
+/// Is it a key by itself, or with the shift key, and so no shortcut?
+bool IsPlain(const QKeyEvent& event) {
+    return (event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == Qt::NoModifier;
+}
+
 } // namespace
 
 ListView::ListView(Listbox& list, QWidget* parent)
@@ -196,11 +201,21 @@ bool ListView::MoveByKey(int key) {
     return true;
 }
 
+bool ListView::event(QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        // Here, because Tab never gets as far as to keyPressEvent.
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (backlog_->IsLate(key) && IsPlain(key)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QTableView::event(event);
+}
+
 void ListView::keyPressEvent(QKeyEvent* event) {
-    const bool late = backlog_->IsLate(*event);
-    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
-    if (modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier) {
-        if (late || (modifiers == Qt::NoModifier && MoveByKey(event->key()))) {
+    if (IsPlain(*event)) {
+        if (!event->modifiers().testFlag(Qt::ShiftModifier) && MoveByKey(event->key())) {
             return;
         }
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {

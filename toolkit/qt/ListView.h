@@ -34,6 +34,7 @@ class ListView : public QTableView {
     void keyboardSearch(const QString& text) override;
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

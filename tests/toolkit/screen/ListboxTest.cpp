@@ -81,23 +81,30 @@ TEST(Listbox, RepeatsOfAHeldKeyThatComeTooLateAreDropped) {
     }
     const RunningApplication application;
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    for (int row = 0; row < 100; ++row) { // so that Tab steps from each to the next
+        album->Highlighted.Set(row, true);
+    }
+    album->NumberHighlighted = 100;
     QWidget& list = WidgetOf(album, "TheListBox");
     constexpr std::int64_t kNow = 1'000'000; // the window system's clock, in milliseconds
-    const auto hold = [&](std::int64_t time, bool repeats) {
-        QKeyEvent event(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, QString(), repeats);
-        event.setTimestamp(static_cast<quint64>(time));
-        QApplication::sendEvent(&list, &event);
-    };
-    hold(kNow, false);
-    EXPECT_EQ(album->TheListBox()->ListIndex(), 1);
-    for (std::int64_t i = 1; i <= 20; ++i) {
-        hold(kNow - 3000 + i * 30, true); // they have waited for seconds
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Tab}) {
+        const auto hold = [&](std::int64_t time, bool repeats) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(), repeats);
+            event.setTimestamp(static_cast<quint64>(time));
+            QApplication::sendEvent(&list, &event);
+        };
+        album->TheListBox()->ListIndex(0);
+        hold(kNow, false);
+        EXPECT_EQ(album->TheListBox()->ListIndex(), 1);
+        for (std::int64_t i = 1; i <= 20; ++i) {
+            hold(kNow - 3000 + i * 30, true); // they have waited for seconds
+        }
+        EXPECT_EQ(album->TheListBox()->ListIndex(), 1);
+        hold(kNow, true);
+        EXPECT_EQ(album->TheListBox()->ListIndex(), 2);
+        hold(kNow - 3000, false); // a press of its own is never dropped
+        EXPECT_EQ(album->TheListBox()->ListIndex(), 3);
     }
-    EXPECT_EQ(album->TheListBox()->ListIndex(), 1);
-    hold(kNow, true);
-    EXPECT_EQ(album->TheListBox()->ListIndex(), 2);
-    hold(kNow - 3000, false); // a press of its own is never dropped
-    EXPECT_EQ(album->TheListBox()->ListIndex(), 3);
 }
 
 } // namespace
