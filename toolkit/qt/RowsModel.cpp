@@ -4,6 +4,15 @@
 #include "PlatformText.h"
 
 namespace folimark {
+namespace {
+
+QVariant AlignmentOf(const Listbox& list, int column) {
+    return QVariant::fromValue(
+        Qt::AlignVCenter
+        | (list.ColumnAlignment(column) == Listbox::kAlignRight ? Qt::AlignRight : Qt::AlignLeft));
+}
+
+} // namespace
 
 RowsModel::RowsModel(const Listbox& list, QObject* parent)
     : QAbstractTableModel(parent), list_(list), announced_(static_cast<int>(list.LastIndex() + 1)) {}
@@ -18,24 +27,22 @@ int RowsModel::columnCount(const QModelIndex& parent) const {
 
 QVariant RowsModel::data(const QModelIndex& index, int role) const {
     // A view may still ask for a row that has gone a moment ago.
-    if (!index.isValid() || index.row() >= announced_ || index.row() > list_.LastIndex()) {
+    if (!index.isValid() || index.row() >= announced_ || index.row() > list_.LastIndex()
+        || index.column() >= list_.ColumnCount()) {
         return {};
     }
     switch (role) {
     case Qt::DisplayRole:
         return AsDisplayed(list_.Rows().Cell(index.row(), index.column()));
     case Qt::TextAlignmentRole:
-        return QVariant::fromValue(Qt::AlignVCenter
-                                   | (list_.ColumnAlignment(index.column()) == Listbox::kAlignRight
-                                          ? Qt::AlignRight
-                                          : Qt::AlignLeft));
+        return AlignmentOf(list_, index.column());
     default:
         return {};
     }
 }
 
 QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0) {
+    if (orientation != Qt::Horizontal || section < 0 || section >= list_.ColumnCount()) {
         return {};
     }
     const auto column = static_cast<std::size_t>(section);
@@ -43,9 +50,7 @@ QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int rol
         return ToQString(list_.Headings()[column]);
     }
     if (role == Qt::TextAlignmentRole) {
-        return data(index(0, section), role).isValid()
-                   ? data(index(0, section), role)
-                   : QVariant::fromValue(Qt::AlignVCenter | Qt::AlignLeft);
+        return AlignmentOf(list_, section);
     }
     return {};
 }

@@ -90,7 +90,13 @@ void Listbox::ListIndex(std::int64_t row) {
     }
 }
 
+std::string Listbox::Cell(std::int64_t row, int column) const {
+    CheckColumn(column);
+    return std::string(rows_.Cell(row, column));
+}
+
 void Listbox::Cell(std::int64_t row, int column, const std::string& text) {
+    CheckColumn(column);
     rows_.Cell(row, column, text);
     if (auto* view = Native().As<ListView>()) {
         view->CellChanged(row, column);
@@ -111,6 +117,7 @@ void Listbox::CheckColumn(int column) const {
 }
 
 int Listbox::ColumnAlignment(int column) const {
+    CheckColumn(column);
     const auto index = static_cast<std::size_t>(column);
     return index < alignments_.size() ? alignments_[index] : kAlignLeft;
 }
@@ -123,6 +130,7 @@ void Listbox::ColumnAlignment(int column, int alignment) {
 }
 
 int Listbox::ColumnSortDirection(int column) const {
+    CheckColumn(column);
     const auto index = static_cast<std::size_t>(column);
     return index < directions_.size() ? directions_[index] : kAscending;
 }

@@ -10,8 +10,8 @@
 namespace folimark {
 
 /// A list of rows with one or more columns, sortable by its headings. Rows and columns count from 0; a
-/// ListIndex of -1 means that no row is selected. Rows are 16 logical pixels high. A row index outside the
-/// list raises OutOfBoundsException everywhere.
+/// ListIndex of -1 means that no row is selected. Rows are 16 logical pixels high. A row or column outside
+/// the list raises OutOfBoundsException everywhere.
 ///
 /// New rows reach the screen in batches, when the event loop runs. A double click, and Return on the selected
 /// row, raise DoubleClick. A click on the row that is selected already raises Change again, so that a person
@@ -30,7 +30,7 @@ class Listbox : public RectControl {
     /// Selects a row, or none with -1, and raises Change if the selection changes, before it returns.
     void ListIndex(std::int64_t row);
 
-    std::string Cell(std::int64_t row, int column) const { return std::string(rows_.Cell(row, column)); }
+    std::string Cell(std::int64_t row, int column) const;
     void Cell(std::int64_t row, int column, const std::string& text);
     std::string RowTag(std::int64_t row) const { return std::string(rows_.RowTag(row)); }
     void RowTag(std::int64_t row, const std::string& tag) { rows_.RowTag(row, tag); }
