@@ -89,6 +89,10 @@ int AccessibleList::selectedCellCount() const {
 }
 
 QList<QAccessibleInterface*> AccessibleList::selectedCells() const {
+    // Room for all is made first: no cell may be forgotten for another's sake.
+    if (cells_.size() + static_cast<std::size_t>(selectedCellCount()) > kMostCells) {
+        ForgetCells();
+    }
     QList<QAccessibleInterface*> cells;
     for (const int row : selectedRows()) {
         for (int column = 0; column < columnCount(); ++column) {
