@@ -25,6 +25,10 @@ void RectControl::Attach(Window& owner, std::string name, int left, int top, int
     if (width > 0) {
         widget->setGeometry(left, top, width, height);
     }
+    widget->setEnabled(enabled_);
+    widget->setVisible(visible_);
+    HelpTag(helpTag_);
+    AccessibleName(accessibleName_);
 }
 
 void RectControl::Detach() {
@@ -66,6 +70,7 @@ void RectControl::HelpTag(const std::string& text) {
 }
 
 void RectControl::AccessibleName(const std::string& name) {
+    accessibleName_ = name;
     if (native_->widget) {
         native_->widget->setAccessibleName(ToQString(name));
     }
@@ -73,6 +78,11 @@ void RectControl::AccessibleName(const std::string& name) {
 
 void RectControl::Refresh(bool /*eraseBackground*/) {
     if (native_->widget) {
+        // What covers the control, such as a list's headings and rows, isn't painted with it, unless it waits
+        // for being painted anyway.
+        for (QWidget* part : native_->widget->findChildren<QWidget*>()) {
+            part->update();
+        }
         native_->widget->repaint();
     }
 }

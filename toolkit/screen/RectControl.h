@@ -23,7 +23,7 @@ class RectControl : public Object {
     int Left() const { return left_; }
     int Top() const { return top_; }
     int Width() const { return width_; }
-    int Height() const { return height_; }
+    virtual int Height() const { return height_; }
     void Height(int height);
 
     bool Enabled() const { return enabled_; }
@@ -66,6 +66,7 @@ class RectControl : public Object {
     Window* owner_ = nullptr;
     std::string name_;
     std::string helpTag_;
+    std::string accessibleName_;
     int left_ = 0;
     int top_ = 0;
     int width_ = 0;

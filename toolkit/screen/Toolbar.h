@@ -59,8 +59,10 @@ class Toolbar : public RectControl {
   public:
     /// Adds an item at the end. Its style has to be set before.
     void Append(const Ref<ToolItem>& item);
-    /// The bar's height on the screen, in logical pixels.
-    int Height() const;
+    using RectControl::Height;
+    /// The bar's height on the screen, in logical pixels; 0 once its window has closed. A write is without
+    /// effect: the bar is as high as its buttons ask for.
+    int Height() const override;
 
     std::function<void(Toolbar&, ToolItem&)> Action;
 

@@ -54,6 +54,7 @@ TEST(Window, BarsLieOutsideOfTheHeightAndTheListFollowsIt) {
     const auto check = [&](int height) {
         EXPECT_EQ(albums->Height(), height);
         EXPECT_EQ(albums->TheListBox()->Height(), height);
+        EXPECT_EQ(Ref<RectControl>(albums->CatalogsToolBar())->Height(), albums->CatalogsToolBar()->Height());
         EXPECT_EQ(WidgetOf(albums, "TheListBox").height(), height);
         EXPECT_EQ(frame.height(), frame.menuBar()->height() + albums->CatalogsToolBar()->Height() + height);
         EXPECT_EQ(frame.width(), 513);
@@ -159,6 +160,63 @@ TEST(Window, EventsComeInTheirOrder) {
     Probe::fails = false;
     failing->Close();
     EXPECT_EQ(events(), "Button.Open Open Activate CancelClose Close ");
+}
+
+/// A list and a canvas whose properties are set before they belong to the window.
+class Drawn : public Window {
+  public:
+    Drawn() { Build(); }
+
+    const Ref<Listbox> list = New<Listbox>();
+    const Ref<Canvas> canvas = New<Canvas>();
+    int paints = 0;
+
+  protected:
+    void Layout() override { Apply({.title = "Drawn", .width = 200, .height = 100, .maxHeight = 100}); }
+    void CreateControls() override {
+        list->CellBackgroundPaint = [this](Listbox&, folimark::Graphics& g, std::int64_t, int) {
+            g.ClearRect(0, 0, g.Width(), g.Height());
+            ++paints;
+            return true;
+        };
+        AddControl(list, "List", 0, 0, 100, 100);
+        const Ref<Picture> red = New<Picture>(50, 50, 8);
+        red->Graphics()->ForeColor(0xFF0000);
+        red->Graphics()->FillRect(0, 0, 50, 50);
+        canvas->Backdrop(red);
+        canvas->Enabled(false);
+        AddControl(canvas, "Canvas", 100, 0, 50, 50);
+    }
+};
+
+TEST(Window, ShowsWhatIsDrawnOnItAndItsControls) {
+    const TestFolder folder;
+    const RunningApplication application;
+    Ref<Drawn> window = New<Drawn>();
+    window->Show();
+    Settle();
+    const Ref<Graphics> graphics = window->Graphics();
+    graphics->ForeColor(0x00FF00);
+    window->Graphics()->FillRect(150, 50, 50, 50);
+    const auto at = [&](int x, int y) {
+        return window->Native().frame->Content()->grab().toImage().pixelColor(x, y).name().toStdString();
+    };
+    EXPECT_EQ(at(150, 50) + at(149, 50), "#00ff00#ffffff");
+    EXPECT_EQ(at(50, 50), "#ffffff");
+    EXPECT_NE(at(120, 20), "#ff0000") << "It isn't dimmed.";
+    window->canvas->Enabled(true);
+    graphics->ClearRect(150, 50, 25, 50);
+    EXPECT_EQ(at(120, 20) + at(150, 50) + at(175, 50), "#ff0000#ffffff#00ff00");
+    const int before = window->paints;
+    window->list->Refresh(true);
+    EXPECT_GT(window->paints, before);
+    EXPECT_THROW(window->list->Cell(0, 1), OutOfBoundsException);
+    EXPECT_THROW(window->list->ColumnSortDirection(-1), OutOfBoundsException);
+    window->Close();
+    window = {};
+    Settle();
+    graphics->FillRect(0, 0, 9, 9);
+    EXPECT_EQ(graphics->Width(), 0);
 }
 
 } // namespace
