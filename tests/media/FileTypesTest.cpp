@@ -25,8 +25,7 @@ TEST(FileTypes, EachExtensionHasItsKindInAnyLetterCase) {
         {"media video", "MP4 mpe mpeg MPG m1s m1v m1a m75 m15 mp2 mpm mpv mpa AVI vfw moov MOV qt mqv m4v"},
         {"media audio", "aac adts aiff aif aifc cdda Mp3 swa WAV bwf m2a M4P"},
         {"media PDF", "PDF pdf"},
-        {"", "htm html asc ascii bas c class cp cpp h hp hpp i3 java m2 m3 mak text txt rtx epub jpgg jp"},
-    };
+        {"", "htm html asc ascii bas c class cp cpp h hp hpp i3 java m2 m3 mak text txt rtx epub jpgg jp"}};
     FileTypes::_Initialize();
     EXPECT_EQ(KindsOf("jpg"), "") << "The lists of kinds aren't set up yet.";
     GlobalData::SetupFileTypeStrings();

@@ -23,8 +23,7 @@ TEST(AlbumList, RowsAreTheLinesAndLinesAreTheRows) {
         {"Computer:b:\n\nComputer:x:no end\nplain", "b, , x, ", "", "Computer:b:\n\nComputer:x:no end\n"},
         {"Computer:a:\rComputer:b:\r\nComputer:c:", "a, b, c", "c", "Computer:a:\nComputer:b:\n"},
         {"Computer:a:\nComputer:a:\nComputer:日本 é:\n", "a, a, 日本 é", "日本 é",
-         "Computer:a:\nComputer:a:\n"},
-    };
+         "Computer:a:\nComputer:a:\n"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.content);
         const TestFolder folder;

@@ -33,8 +33,7 @@ TEST(Scan, EndsQuietlyWithItsWindow) {
          false, "Album"},
         {"close the Albums window",
          [](const auto& application, const auto&) { CloseByFrame(application.Albums()); }, true, "Album"},
-        {"quit", [](const auto&, const auto&) { Choose("File", "Quit"); }, true, "Album"},
-    };
+        {"quit", [](const auto&, const auto&) { Choose("File", "Quit"); }, true, "Album"}};
     const TestFolder folder{"a.jpg", "b.jpg", "c.jpg"};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

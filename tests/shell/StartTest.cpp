@@ -28,12 +28,10 @@ TEST(Start, TheApplicationEndsInOrder) {
         {"close button", [] { CloseByFrame(Albums()); }},
         {"menu", [] { Choose("File", "Quit"); }},
         {"key", [] { Press(Qt::Key_Q, Qt::ControlModifier); }},
-        {"at once",
-         [] {
+        {"at once", [] {
              Quit(0);
              SetYieldHandler(SetYieldHandler({})); // the next yield is due, though the application is ending
-         }},
-    };
+         }}};
     const TestFolder folder{"a.jpg"};
     ListOneAlbum(folder);
     for (const auto& [name, way] : ways) {

@@ -12,17 +12,15 @@ using namespace std::string_literals;
 using test::TestFolder;
 
 TEST(ColonPath, ShowsNamesAsOneLine) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"plain name.jpg", "plain name.jpg"},
-        {"Größe → 🙂", "Größe → 🙂"},
-        {"12:30", "12/30"},
-        {"a\nb\r", "a\uEF0Ab\uEF0D"},
-        {"\x7F\u0085", "\uEF7F\uEFC2\uEF85"},
-        {"\xC3(\xFF", "\uEFC3(\uEFFF"},
-        {"\xED\xA0\x80", "\uEFED\uEFA0\uEF80"},
-        {"\uEF41", "\uEFEE\uEFBD\uEF81"},
-        {"\uEEFF\uF000", "\uEEFF\uF000"},
-    };
+    const std::pair<std::string, std::string> cases[] = {{"plain name.jpg", "plain name.jpg"},
+                                                         {"Größe → 🙂", "Größe → 🙂"},
+                                                         {"12:30", "12/30"},
+                                                         {"a\nb\r", "a\uEF0Ab\uEF0D"},
+                                                         {"\x7F\u0085", "\uEF7F\uEFC2\uEF85"},
+                                                         {"\xC3(\xFF", "\uEFC3(\uEFFF"},
+                                                         {"\xED\xA0\x80", "\uEFED\uEFA0\uEF80"},
+                                                         {"\uEF41", "\uEFEE\uEFBD\uEF81"},
+                                                         {"\uEEFF\uF000", "\uEEFF\uF000"}};
     for (const auto& [name, field] : cases) {
         EXPECT_EQ(FieldOfName(name), field);
         EXPECT_EQ(NameOfField(field), name);

@@ -23,8 +23,7 @@ TEST(DisplayText, ShowsWhatWouldHideOrDisguiseANameAndNothingElse) {
         {"שלום.jpg", "שלום.jpg"},
         {"home→ שלום→ عالم→ a", "home→\u2066 שלום\u2069→\u2066 عالم\u2069→ a"},
         {"Trash the “שלום 12” album?", "Trash the “\u2066שלום 12\u2069” album?"},
-        {"a:\u2069\u202Eשלום:", "a:\u2066⟦PDI⟧⟦RLO⟧שלום\u2069:"},
-    };
+        {"a:\u2069\u202Eשלום:", "a:\u2066⟦PDI⟧⟦RLO⟧שלום\u2069:"}};
     for (const auto& [text, shown] : cases) {
         EXPECT_EQ(ForDisplay(text), shown);
     }

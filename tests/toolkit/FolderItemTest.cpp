@@ -72,19 +72,17 @@ TEST(FolderItem, TellsWhatEntriesAre) {
         bool visible;
         bool directory;
         std::string type;
-    } cases[] = {
-        {"a.JPG", true, true, false, "image/jpeg"},
-        {"b.snd", true, true, false, "audio/jpeg"},
-        {"c.txt", true, false, false, ""},
-        {".jpg", true, false, false, ""},
-        {"sub", true, true, true, ""},
-        {"backup", true, false, false, ""},
-        {"file.jpg", true, true, false, "image/jpeg"},
-        {"folder.jpg", true, true, false, ""},
-        {"gone.jpg", false, true, false, ""},
-        {"loop.jpg", false, true, false, ""},
-        {"pipe.jpg", true, true, false, ""},
-    };
+    } cases[] = {{"a.JPG", true, true, false, "image/jpeg"},
+                 {"b.snd", true, true, false, "audio/jpeg"},
+                 {"c.txt", true, false, false, ""},
+                 {".jpg", true, false, false, ""},
+                 {"sub", true, true, true, ""},
+                 {"backup", true, false, false, ""},
+                 {"file.jpg", true, true, false, "image/jpeg"},
+                 {"folder.jpg", true, true, false, ""},
+                 {"gone.jpg", false, true, false, ""},
+                 {"loop.jpg", false, true, false, ""},
+                 {"pipe.jpg", true, true, false, ""}};
     for (const auto& expected : cases) {
         SCOPED_TRACE(expected.name);
         const auto listed = entries[expected.name];
@@ -109,16 +107,14 @@ TEST(FolderItem, EndsFoldersInColons) {
     const TestFolder folder{"sub/", "a"};
     const std::string path = folder.Item()->AbsolutePath();
     EXPECT_TRUE(path.starts_with("Computer:") && path.ends_with(":Album:"));
-    const std::pair<std::string, std::string> cases[] = {
-        {"sub", "sub:"},
-        {"sub:", "sub:"},
-        {"a", "a"},
-        {"a:", "a"},
-        {"gone", "gone"},
-        {"gone:", "gone:"},
-        {"no:thing", "no:thing"},
-        {"a:thing:", "a:thing:"},
-    };
+    const std::pair<std::string, std::string> cases[] = {{"sub", "sub:"},
+                                                         {"sub:", "sub:"},
+                                                         {"a", "a"},
+                                                         {"a:", "a"},
+                                                         {"gone", "gone"},
+                                                         {"gone:", "gone:"},
+                                                         {"no:thing", "no:thing"},
+                                                         {"a:thing:", "a:thing:"}};
     for (const auto& [asked, answered] : cases) {
         EXPECT_EQ(GetFolderItem(path + asked)->AbsolutePath(), path + answered);
     }

@@ -78,10 +78,9 @@ TEST(ListRows, FindTheFirstLetters) {
         std::string_view text;
         std::int64_t start;
         std::int64_t row;
-    } cases[] = {
-        {"a", 0, 0},   {"a", 1, 4},  {"AP", 4, 4}, {"appl", 4, 0},    {"Ä", 2, 1},  {"bÄ", 0, 3},
-        {"bär", 4, 3}, {"x", 0, -1}, {"", 0, -1},  {"banana", 99, 2}, {"b", -1, 2}, {"bananas", 0, -1},
-    };
+    } cases[] = {{"a", 0, 0}, {"a", 1, 4},       {"AP", 4, 4},  {"appl", 4, 0},
+                 {"Ä", 2, 1}, {"bÄ", 0, 3},      {"bär", 4, 3}, {"x", 0, -1},
+                 {"", 0, -1}, {"banana", 99, 2}, {"b", -1, 2},  {"bananas", 0, -1}};
     for (const auto& [text, start, row] : cases) {
         EXPECT_EQ(list.FindPrefix(text, start), row) << text << " from " << start;
     }

@@ -49,8 +49,7 @@ TEST(TextStreams, ReadLinesOfEveryKind) {
         {"a\r\nb\rc\n\rd", {"a", "b", "c", "", "d"}},
         {"\r\n\r\n", {"", ""}},
         {"\xFF→\n", {"\xFF→"}},
-        {std::string(300000, 'x') + "\ny", {std::string(300000, 'x'), "y"}},
-    };
+        {std::string(300000, 'x') + "\ny", {std::string(300000, 'x'), "y"}}};
     for (const auto& [content, lines] : cases) {
         folder.Write("list", content);
         EXPECT_EQ(Load(folder.Item("list")), lines) << content.substr(0, 20);

@@ -19,13 +19,11 @@ TEST(Text, FindsWithoutRegardToCase) {
         std::string_view wanted;
         std::int64_t start;
         std::int64_t position;
-    } cases[] = {
-        {"image/jpeg", "JPEG", 0, 7}, {"image/jpeg", "", 0, 0},  {"", "a", 0, 0},
-        {"abab", "ab", 2, 3},         {"abab", "ab", 1, 1},      {"abab", "ab", 4, 0},
-        {"ab", "ab", 9, 0},           {"a", "abc", 0, 0},        {"ÄÖÜ → é", "→ É", 0, 5},
-        {"Maß Straße", "SS", 0, 3},   {"STRASSE", "ß", 0, 5},    {"Maß ße", "ß", 4, 5},
-        {"ΣΊΣΥΦΟΣ", "σίσυφος", 0, 1}, {"x\xFF\x80y", "Y", 0, 3}, {"🙂🙂b", "B", 0, 3},
-    };
+    } cases[] = {{"image/jpeg", "JPEG", 0, 7}, {"image/jpeg", "", 0, 0},  {"", "a", 0, 0},
+                 {"abab", "ab", 2, 3},         {"abab", "ab", 1, 1},      {"abab", "ab", 4, 0},
+                 {"ab", "ab", 9, 0},           {"a", "abc", 0, 0},        {"ÄÖÜ → é", "→ É", 0, 5},
+                 {"Maß Straße", "SS", 0, 3},   {"STRASSE", "ß", 0, 5},    {"Maß ße", "ß", 4, 5},
+                 {"ΣΊΣΥΦΟΣ", "σίσυφος", 0, 1}, {"x\xFF\x80y", "Y", 0, 3}, {"🙂🙂b", "B", 0, 3}};
     for (const auto& [text, wanted, start, position] : cases) {
         EXPECT_EQ(InStr(text, wanted, start), position) << text << " / " << wanted;
     }
@@ -68,19 +66,17 @@ TEST(Text, FormatsByMask) {
         double value;
         std::string_view mask;
         std::string_view text;
-    } cases[] = {
-        {0, "###,###", "0"},
-        {999, "###,###", "999"},
-        {1234, "###,###", "1,234"},
-        {7, "000.0", "007.0"},
-        {1234567890, "###,###", "1,234,567,890"},
-        {12.5, "000.0", "012.5"},
-        {1234.5, "000.0", "1234.5"},
-        {999.9, "000.0", "999.9"},
-        {0, "000.0", "000.0"},
-        {-1234, "###,###", "-1,234"},
-        {-0.01, "000.0", "000.0"},
-    };
+    } cases[] = {{0, "###,###", "0"},
+                 {999, "###,###", "999"},
+                 {1234, "###,###", "1,234"},
+                 {7, "000.0", "007.0"},
+                 {1234567890, "###,###", "1,234,567,890"},
+                 {12.5, "000.0", "012.5"},
+                 {1234.5, "000.0", "1234.5"},
+                 {999.9, "000.0", "999.9"},
+                 {0, "000.0", "000.0"},
+                 {-1234, "###,###", "-1,234"},
+                 {-0.01, "000.0", "000.0"}};
     for (const auto& [value, mask, text] : cases) {
         EXPECT_EQ(Format(value, mask), text);
     }
@@ -94,11 +90,9 @@ TEST(Text, ComparesWithoutRegardToCase) {
         std::string_view left;
         std::string_view right;
         bool equal;
-    } cases[] = {
-        {"Trips:A", "trips:a", true}, {"Straße", "STRASSE", false}, {"ÀÉ", "àé", true},
-        {"a", "ab", false},           {"\xFF", "\xFE", false},      {"K", "k", true},
-        {"e\u0301", "é", false},      {"\xC3\xFF", "\xC3ÿ", false}, {"ΣΣ", "σς", true},
-    };
+    } cases[] = {{"Trips:A", "trips:a", true}, {"Straße", "STRASSE", false}, {"ÀÉ", "àé", true},
+                 {"a", "ab", false},           {"\xFF", "\xFE", false},      {"K", "k", true},
+                 {"e\u0301", "é", false},      {"\xC3\xFF", "\xC3ÿ", false}, {"ΣΣ", "σς", true}};
     for (const auto& [left, right, equal] : cases) {
         EXPECT_EQ(EqualText(left, right) && EqualText(right, left), equal) << left << " / " << right;
         EXPECT_EQ(StartsWithFolded(std::string(left) + "…", FoldCase(right)), equal || left == "Straße");
@@ -123,17 +117,8 @@ TEST(TextOrder, IsThatOfAPerson) {
 
 TEST(TextOrder, SortsManyTextsAsPairsAreCompared) {
     std::mt19937 random(7);
-    const std::vector<std::string> pieces = {"a",
-                                             "A",
-                                             "ä",
-                                             "b",
-                                             "0",
-                                             " → ",
-                                             "\0"s,
-                                             "é",
-                                             "e\u0301",
-                                             "\xFF",
-                                             "a common beginning, longer than a word "};
+    const std::vector<std::string> pieces = {
+        "a", "A", "ä", "b", "0", " → ", "\0"s, "é", "e\u0301", "\xFF", "long common beginning "};
     std::vector<std::string> texts(3000);
     for (std::string& text : texts) {
         for (std::size_t i = random() % 6; i > 0; --i) {
@@ -180,17 +165,15 @@ TEST(Date, IsTheLocalDayInAnyYear) {
     setenv("TZ", "XYZ-14", 1); // fourteen hours ahead of UTC
     tzset();
     constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
-    const std::pair<std::int64_t, std::string> cases[] = {
-        {0, "1970-01-01"},
-        {10 * 3600, "1970-01-02"},
-        {-15 * 3600, "1969-12-31"},
-        {951782400, "2000-02-29"},
-        {-62135596800, "0001-01-01"},
-        {-99999999999, "0001-01-01"},
-        {253402300800, "9999-12-31"},
-        {kMost, "9999-12-31"},
-        {-kMost, "0001-01-01"},
-    };
+    const std::pair<std::int64_t, std::string> cases[] = {{0, "1970-01-01"},
+                                                          {10 * 3600, "1970-01-02"},
+                                                          {-15 * 3600, "1969-12-31"},
+                                                          {951782400, "2000-02-29"},
+                                                          {-62135596800, "0001-01-01"},
+                                                          {-99999999999, "0001-01-01"},
+                                                          {253402300800, "9999-12-31"},
+                                                          {kMost, "9999-12-31"},
+                                                          {-kMost, "0001-01-01"}};
     for (const auto& [seconds, text] : cases) {
         EXPECT_EQ(New<Date>(seconds)->SQLDate(), text) << seconds;
     }

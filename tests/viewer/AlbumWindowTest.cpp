@@ -19,20 +19,18 @@ TEST(AlbumWindow, RowsTellPathSizeAndKindAndSortBySize) {
         const char* kind;
     };
     // In the order of their sizes, which the order of the texts has to be too.
-    const Case cases[] = {
-        {"zero.gif", 0, "zero.gif", "BY  000.0", "Image"},
-        {"A/B/seven.mp3", 7, "A → B → seven.mp3", "BY  007.0", "Audio"},
-        {"k.PDF", 999, "k.PDF", "BY  999.0", "PDF"},
-        {"j.mov", 1000, "j.mov", "KB  001.0", "Video"},
-        {"i é.jpg", 999'999, "i é.jpg", "KB  999.9", "Image"},
-        {"h.png", 1'000'000, "h.png", "MB  001.0", "Image"},
-        {"g.png", 9'999'999, "g.png", "MB  009.9", "Image"},
-        {"f.png", 10'000'000, "f.png", "MB  010.0", "Image"},
-        {"e.mp4", 999'999'999, "e.mp4", "MB  999.9", "Video"},
-        {"A/d.mp4", 1'000'000'000, "A → d.mp4", "OB  001.0", "Video"},
-        {"c.mpg", 999'999'999'999, "c.mpg", "OB  999.9", "Video"},
-        {"b.avi", 1'500'000'000'000, "b.avi", "TB 001.5", "Video"},
-    };
+    const Case cases[] = {{"zero.gif", 0, "zero.gif", "BY  000.0", "Image"},
+                          {"A/B/seven.mp3", 7, "A → B → seven.mp3", "BY  007.0", "Audio"},
+                          {"k.PDF", 999, "k.PDF", "BY  999.0", "PDF"},
+                          {"j.mov", 1000, "j.mov", "KB  001.0", "Video"},
+                          {"i é.jpg", 999'999, "i é.jpg", "KB  999.9", "Image"},
+                          {"h.png", 1'000'000, "h.png", "MB  001.0", "Image"},
+                          {"g.png", 9'999'999, "g.png", "MB  009.9", "Image"},
+                          {"f.png", 10'000'000, "f.png", "MB  010.0", "Image"},
+                          {"e.mp4", 999'999'999, "e.mp4", "MB  999.9", "Video"},
+                          {"A/d.mp4", 1'000'000'000, "A → d.mp4", "OB  001.0", "Video"},
+                          {"c.mpg", 999'999'999'999, "c.mpg", "OB  999.9", "Video"},
+                          {"b.avi", 1'500'000'000'000, "b.avi", "TB 001.5", "Video"}};
     const TestFolder folder{"text.txt", ".hidden.jpg", ".thumbs/a.jpg", "none/", "book.epub"};
     for (const Case& c : cases) {
         folder.Write(c.name, "");

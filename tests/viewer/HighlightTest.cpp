@@ -54,8 +54,7 @@ TEST(Highlight, PhrasesAreJoined) {
         {"BEACH", 0, "", "xx..x."},    {"beach", 1, "sun", ".x..x."},  {"beach", 2, "sun", "xx.xx."},
         {"beach", 3, "sun", "x....."}, {"Tag 1 → S", 0, "", "....x."}, {"ß", 0, "", ".....x"},
         {"no such", 0, "", "......"},  {"beach", 1, "", "xx..x."}, // no second phrase: the first alone
-        {" ", 0, "", ".x..xx"},
-    };
+        {" ", 0, "", ".x..xx"}};
     const TestFolder folder{"beach.mp3", "Beachfront sun.mp3",         "Sun.mp3",
                             "none.mp3",  "Tag 1/Sun at the Beach.mp3", "zum Spaß.mp3"};
     const RunningApplication application;

@@ -158,8 +158,7 @@ TEST(PictureReading, UnwrapsQuickTimeImages) {
         {QuickTime("raw ", 2, 2, "\x10\xB0"s, table), "RGBW"},
         {QuickTime("raw ", 2, 1, "\x40\x80"s), "WKKW"},
         {QuickTime("raw ", 2, 7, "\x40\x80"s), "nothing"},
-        {QuickTime("rle ", 2, 24, "\x40\x80"s), "nothing"},
-    };
+        {QuickTime("rle ", 2, 24, "\x40\x80"s), "nothing"}};
     for (const auto& [content, quarters] : cases) {
         EXPECT_EQ(Quarters(Read(content, "image/x-quicktime")), quarters) << &content - &cases[0].first;
     }

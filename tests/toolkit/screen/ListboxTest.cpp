@@ -41,6 +41,11 @@ TEST(Listbox, RowsAreStripedBehindTheLastToo) {
             }
         }
     }
+    int paints = 0;
+    album->TheListBox()->CellBackgroundPaint = [&paints](auto&&...) { return ++paints > 0; };
+    album->TheListBox()->Refresh(true);
+    EXPECT_GT(paints, 0);
+    EXPECT_THROW(album->TheListBox()->Cell(0, 5), OutOfBoundsException);
 }
 
 TEST(Listbox, TheSelectedRowCanBeSeenInFrontAndBehind) {

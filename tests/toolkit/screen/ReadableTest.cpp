@@ -99,8 +99,7 @@ class Palettes : public testing::Test {
     const std::pair<const char*, QPalette> kinds_[3] = {
         {"light", QApplication::palette()},
         {"dark", Make(0x353535, 0x2B2B2B, 0x1E1E1E, 0xEEEEEE, 0x15539E)},
-        {"high contrast", Make(0x000000, 0x000000, 0x000000, 0xFFFFFF, 0xFFFF00)},
-    };
+        {"high contrast", Make(0x000000, 0x000000, 0x000000, 0xFFFFFF, 0xFFFF00)}};
 
   private:
     QPalette before_ = QApplication::palette();
