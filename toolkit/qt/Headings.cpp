@@ -16,7 +16,9 @@ void Headings::initStyleOptionForIndex(QStyleOptionHeader* option, int column) c
 }
 
 void Headings::paintSection(QPainter* painter, const QRect& section, int column) const {
+    painter->save(); // styles leave a clip behind that may hide all that follows
     QHeaderView::paintSection(painter, section, column);
+    painter->restore();
     QStyleOptionHeader option;
     initStyleOption(&option);
     option.rect = section;

@@ -293,6 +293,10 @@ bool WindowFrame::focusNextPrevChild(bool next) {
     if (isKey && window_ != nullptr) {
         const Ref<Window> window(window_);
         EnterApplication([&] { used = window->KeyDownByUser("\t"); });
+        if (used) {
+            repaint(); // While a key is held the queue never runs empty, and that is when widgets would be
+                       // painted.
+        }
     }
     return used || QMainWindow::focusNextPrevChild(next);
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QTableView>
@@ -46,6 +47,23 @@ TEST(Listbox, RowsAreStripedBehindTheLastToo) {
     album->TheListBox()->Refresh(true);
     EXPECT_GT(paints, 0);
     EXPECT_THROW(album->TheListBox()->Cell(0, 5), OutOfBoundsException);
+}
+
+TEST(Listbox, HeadingsCanBeRead) {
+    const TestFolder folder{"a.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    QHeaderView& headings = *dynamic_cast<QTableView&>(WidgetOf(album, "TheListBox")).horizontalHeader();
+    const QImage picture = headings.grab().toImage();
+    for (int column = 0; column < headings.count(); ++column) {
+        int ink = 0;
+        for (int x = headings.sectionPosition(column); x < headings.sectionPosition(column) + 70; ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                ink += picture.pixelColor(x, y).lightness() < 64 ? 1 : 0;
+            }
+        }
+        EXPECT_GT(ink, 10) << column;
+    }
 }
 
 TEST(Listbox, TheSelectedRowCanBeSeenInFrontAndBehind) {
