@@ -7,7 +7,6 @@ namespace folimark {
 namespace {
 
 TEST(DisplayText, ShowsWhatWouldHideOrDisguiseANameAndNothingElse) {
-    // NOLINTBEGIN(misc-misleading-bidirectional): such texts are what this is about
     const std::pair<std::string, std::string> cases[] = {
         {"", ""},
         {"plain & name.jpg", "plain & name.jpg"},
@@ -25,7 +24,6 @@ TEST(DisplayText, ShowsWhatWouldHideOrDisguiseANameAndNothingElse) {
         {"home→ שלום→ عالم→ a", "home→\u2066 שלום\u2069→\u2066 عالم\u2069→ a"},
         {"Trash the “שלום 12” album?", "Trash the “\u2066שלום 12\u2069” album?"},
         {"a:\u2069\u202Eשלום:", "a:\u2066⟦PDI⟧⟦RLO⟧שלום\u2069:"}};
-    // NOLINTEND(misc-misleading-bidirectional)
     for (const auto& [text, shown] : cases) {
         EXPECT_EQ(ForDisplay(text), shown);
     }

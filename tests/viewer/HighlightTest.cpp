@@ -125,6 +125,8 @@ TEST(Highlight, TheDialogKeepsTheLastAcceptedSearch) {
                   EXPECT_EQ(dialog->ConjunctionPopUpMenu()->ListIndex(), 2);
                   EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "b");
                   EXPECT_EQ(QApplication::focusWidget(), &WidgetOf(dialog, "ConjoinedPhraseTextField"));
+                  Type("new"); // It replaces what stands there.
+                  EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "new");
                   Enter(dialog, "PhraseTextField", "other");
                   EXPECT_THROW(Click(album, "Show Folimark Window"), RobotFailure); // it is modal
                   Press(Qt::Key_Escape);

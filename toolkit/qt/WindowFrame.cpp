@@ -10,7 +10,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
-#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QScreen>
@@ -122,12 +121,6 @@ void WindowFrame::Prepare() {
     SetContentHeight(content_->height());
     if (placed_) {
         PlaceContent(wanted_);
-    }
-}
-
-void WindowFrame::SelectFocusedText() {
-    if (auto* field = qobject_cast<QLineEdit*>(focusWidget())) {
-        field->selectAll();
     }
 }
 

@@ -36,8 +36,6 @@ class WindowFrame : public QMainWindow {
 
     /// Gets the window ready to be shown: its size, its limits, and how much its bars take.
     void Prepare();
-    /// Lets the first key that is typed replace what stands in a text field that has the keyboard.
-    void SelectFocusedText();
     /// Gives a window that nobody has placed its place.
     void PlaceFirst();
     /// The content's place on the screen.

@@ -105,7 +105,6 @@ void Window::ShowModal() {
     native_->frame->setWindowModality(Qt::ApplicationModal);
     Show();
     if (native_->frame) {
-        native_->frame->SelectFocusedText();
         loop.exec();
     }
     native_->modalLoop = nullptr;
