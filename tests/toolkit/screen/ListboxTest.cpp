@@ -67,7 +67,7 @@ TEST(Listbox, HeadingsCanBeRead) {
 }
 
 TEST(Listbox, TheSelectedRowCanBeSeenInFrontAndBehind) {
-    const TestFolder folder{"WWW.mp3", "XXX.mp3"};
+    const TestFolder folder{"WWW.mp3", "WXW.mp3"};
     const RunningApplication application;
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
     for (const bool inFront : {true, false}) {

@@ -107,7 +107,7 @@ class Palettes : public testing::Test {
 
 TEST_F(Palettes, EveryTextCanBeReadInEach) {
     for (const auto& [kind, palette] : kinds_) {
-        const TestFolder folder{"WWW.mp3", "XXX.mp3", "YYY.mp3"};
+        const TestFolder folder{"WWW.mp3", "WXW.mp3", "WYW.mp3"};
         QApplication::setPalette(palette);
         const RunningApplication application;
         ExpectReadable(*application.Albums()->Native().frame, std::string(kind) + ", no album");
