@@ -101,6 +101,9 @@ class aCatalogsWindow : public MenuBarWindow {
     /// Shows an album's window. If it finds its folder gone or without media, the album leaves the list; if
     /// the folder can't be read, the user is told. Any other failure is raised.
     void ShowCatalog(const Ref<aListWindow>& window);
+    /// Closes a window that could not be filled. \returns whether that was for its folder, and has been dealt
+    /// with.
+    bool TellOfFolder(const Ref<aListWindow>& window, const Ref<FolderItem>& folder);
     /// Closes the window, tells the user, and takes its album out of the list.
     void RemoveFailedCatalog(const Ref<aListWindow>& window);
     void AddCatalogFolder(const Ref<FolderItem>& folder);

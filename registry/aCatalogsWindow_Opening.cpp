@@ -62,24 +62,29 @@ void aCatalogsWindow::ShowCatalog(const Ref<aListWindow>& window) {
             throw;
         }
     } catch (const RuntimeException&) {
-        if (window->ControlCount() > 0) { // of a window that has gone meanwhile nobody wants to know
-            const bool empty = window->TheListBox()->LastIndex() < 0;
-            const std::string unread = window->UnreadFolder;
-            if (!empty && folder && !folder->Gone()) {
-                window->Close();
-                throw;
-            }
-            // Only an album that is known to be gone, or to hold no media, leaves the list.
-            if (empty && !unread.empty()) {
-                window->Close();
-                GlobalData::MessageBox1(3, "OK", "This folder could not be read: “" + unread + "”.",
-                                        "The album stays in the list.");
-            } else {
-                RemoveFailedCatalog(window);
-            }
+        // Of a window that has gone meanwhile nobody wants to know.
+        if (window->ControlCount() > 0 && !TellOfFolder(window, folder)) {
+            throw;
         }
     }
     EnableCatalogButtons();
+}
+
+bool aCatalogsWindow::TellOfFolder(const Ref<aListWindow>& window, const Ref<FolderItem>& folder) {
+    const bool empty = window->TheListBox()->LastIndex() < 0;
+    if (empty && !window->UnreadFolder.empty()) {
+        window->Close();
+        GlobalData::MessageBox1(3, "OK", "This folder could not be read: “" + window->UnreadFolder + "”.",
+                                "The album stays in the list.");
+        return true;
+    }
+    // Only an album that is known to be gone, or to hold no media, leaves the list.
+    if (empty || !folder || folder->Gone()) {
+        RemoveFailedCatalog(window);
+        return true;
+    }
+    window->Close();
+    return false;
 }
 
 void aCatalogsWindow::RemoveFailedCatalog(const Ref<aListWindow>& window) {
