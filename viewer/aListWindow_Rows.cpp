@@ -1,4 +1,5 @@
 #include "AlbumLabel.h"
+#include "ColonPath.h"
 #include "GlobalData.h"
 #include "Text.h"
 #include "aListWindow.h"
@@ -57,7 +58,8 @@ std::string DateText(const Ref<Date>& date) {
 
 void aListWindow::ListBoxAddRow(const Ref<FolderItem>& root, const Ref<FolderItem>& file) {
     const std::string path = file->AbsolutePath();
-    std::string name = ReplaceAll(GetCatalogPathWithoutTitle(root->AbsolutePath(), path), ":", " → ");
+    std::string name =
+        ReadableNames(ReplaceAll(GetCatalogPathWithoutTitle(root->AbsolutePath(), path), ":", " → "));
     std::string created;
     std::string modified;
     std::string size = "0 MB";

@@ -1,4 +1,5 @@
 #include "Application.h"
+#include "ColonPath.h"
 #include "GlobalData.h"
 #include "Text.h"
 #include "TreeWalk.h"
@@ -64,7 +65,7 @@ void aListWindow::MakeAndShowCatalog() {
     ShowHighlightCount(); // There may have been a search during the scan.
     list->HelpTag(std::string(kListHelp));
     Title(MakeCatalogLabel(WindowCatalogFolder->AbsolutePath()));
-    AlbumLabel()->Text(ReplaceAll(WindowCatalogFolder->AbsolutePath(), ":", "→ "));
+    AlbumLabel()->Text(ReadableNames(ReplaceAll(WindowCatalogFolder->AbsolutePath(), ":", "→ ")));
     CountLabel()->Text(list->LastIndex() == 0
                            ? "1 media file"
                            : Format(static_cast<double>(list->LastIndex() + 1), "###,###") + " media files");

@@ -29,10 +29,10 @@ std::string Commands(const RunningApplication& application) {
 }
 
 TEST(Albums, OnlyFoldersWithVisibleMediaBecomeAlbumsAndOnlyOnce) {
-    const TestFolder folder{"Trips/deep/er/b.PNG", "None/readme.txt", "Hidden/.thumbs/a.jpg", "Empty/"};
+    const TestFolder folder{"Trips: 1/deep/er/b.PNG", "None/readme.txt", "Hidden/.thumbs/a.jpg", "Empty/"};
     const RunningApplication application;
-    application.AddAlbum(folder.Path("Trips"));
-    const std::string lines = folder.Item("Trips")->AbsolutePath() + "\n";
+    application.AddAlbum(folder.Path("Trips: 1"));
+    const std::string lines = folder.Item("Trips: 1")->AbsolutePath() + "\n";
     const std::string none = "This folder does not contain any media files.";
     const Answers answers{{kFolderDialog, folder.Path("None")},
                           {none, "OK"},
@@ -40,14 +40,14 @@ TEST(Albums, OnlyFoldersWithVisibleMediaBecomeAlbumsAndOnlyOnce) {
                           {none, "OK"},
                           {kFolderDialog, folder.Path("Empty")},
                           {none, "OK"},
-                          {kFolderDialog, folder.Path("Trips")},
-                          {"The album “Trips” has already been cteated.", "OK"},
+                          {kFolderDialog, folder.Path("Trips: 1")},
+                          {"The album “Trips: 1” has already been cteated.", "OK"},
                           {kFolderDialog, ""}};
     for (int i = 0; i < 5; ++i) {
         Click(application.Albums(), "Create Album");
     }
     EXPECT_FALSE(GlobalData::CatalogFolder);
-    EXPECT_EQ(application.Labels(), "Trips");
+    EXPECT_EQ(application.Labels(), "Trips: 1");
     EXPECT_EQ(RunningApplication::ListFile(), lines);
 }
 

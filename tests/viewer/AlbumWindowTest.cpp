@@ -20,7 +20,7 @@ TEST(AlbumWindow, RowsTellPathSizeAndKindAndSortBySize) {
     };
     // In the order of their sizes, which the order of the texts has to be too.
     const Case cases[] = {{"zero.gif", 0, "zero.gif", "BY  000.0", "Image"},
-                          {"A/B/seven.mp3", 7, "A → B → seven.mp3", "BY  007.0", "Audio"},
+                          {"A/B: 1/seven.mp3", 7, "A → B: 1 → seven.mp3", "BY  007.0", "Audio"},
                           {"k.PDF", 999, "k.PDF", "BY  999.0", "PDF"},
                           {"j.mov", 1000, "j.mov", "KB  001.0", "Video"},
                           {"i é.jpg", 999'999, "i é.jpg", "KB  999.9", "Image"},
@@ -43,7 +43,7 @@ TEST(AlbumWindow, RowsTellPathSizeAndKindAndSortBySize) {
     EXPECT_EQ(album->Title(), "Album");
     EXPECT_EQ(album->AlbumLabel()->Text(), ReplaceAll(folder.Item()->AbsolutePath(), ":", "→ "));
     EXPECT_EQ(Names(list),
-              "A → B → seven.mp3, A → d.mp4, b.avi, c.mpg, e.mp4, f.png, g.png, h.png, i é.jpg, j.mov, "
+              "A → B: 1 → seven.mp3, A → d.mp4, b.avi, c.mpg, e.mp4, f.png, g.png, h.png, i é.jpg, j.mov, "
               "k.PDF, zero.gif");
     ClickHeading(album, "File Size");
     int row = 0;

@@ -94,6 +94,11 @@ std::optional<std::string> NameOfField(std::string_view field) {
     return name;
 }
 
+std::string ReadableNames(std::string fields) {
+    std::ranges::replace(fields, '/', ':'); // No name holds a "/" of its own.
+    return fields;
+}
+
 std::string ColonPathOfFolder(std::string_view nativePath) {
     std::string path(kVolumeName);
     path += ':';

@@ -25,6 +25,10 @@ std::string FieldOfName(std::string_view name);
 /// in it.
 std::optional<std::string> NameOfField(std::string_view field);
 
+/// Fields of a colon path, or what has been made of them, as people are to read them: with ":" where a name
+/// has it.
+std::string ReadableNames(std::string fields);
+
 /// An absolute native path ("" or "/" is the root) in the colon form of a folder, with its final ":".
 std::string ColonPathOfFolder(std::string_view nativePath);
 
