@@ -1,6 +1,7 @@
 #include "Robot.h"
 
 #include "Application.h"
+#include "ClosedWidgets.h"
 #include "Listbox.h"
 #include "NativeWindow.h"
 #include "PlatformText.h"
@@ -122,9 +123,7 @@ QMenu& OpenMenu(const std::string& menu) {
 
 void Settle() {
     QCoreApplication::processEvents();
-    if (QApplication::activeModalWidget() == nullptr) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    DeleteClosedWidgets();
     QCoreApplication::processEvents();
     GiveKeyboardToSomebody();
 }

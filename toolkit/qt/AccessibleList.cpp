@@ -1,13 +1,15 @@
 #include "AccessibleList.h"
 
 #include "AccessibleCell.h"
+#include "EventGate.h"
 #include "Listbox.h"
 #include "PlatformText.h"
 
 namespace folimark {
 namespace {
 
-// Several screens full. Who reads a list from end to end would make as many objects as it has cells.
+// Several screens full. Who reads a list from end to end would make as many objects as it has cells. It may
+// be more while an event is being handled: the event may have come through one of the cells.
 constexpr std::size_t kMostCells = 1'000;
 
 } // namespace
@@ -23,6 +25,12 @@ void AccessibleList::ForgetCells() const {
         QAccessible::deleteAccessibleInterface(id);
     }
     cells_.clear();
+}
+
+void AccessibleList::MakeRoomFor(std::size_t cells) const {
+    if (cells_.size() + cells > kMostCells && !IsHandlingEvent()) {
+        ForgetCells();
+    }
 }
 
 ListView* AccessibleList::View() const {
@@ -53,9 +61,7 @@ QAccessibleInterface* AccessibleList::child(int index) const {
     if (const auto found = cells_.find(index); found != cells_.end()) {
         return QAccessible::accessibleInterface(found->second);
     }
-    if (cells_.size() >= kMostCells) {
-        ForgetCells();
-    }
+    MakeRoomFor(1);
     auto* cell = new AccessibleCell(View(), index / columnCount(), index % columnCount());
     cells_[index] = QAccessible::registerAccessibleInterface(cell);
     return cell;
@@ -90,9 +96,7 @@ int AccessibleList::selectedCellCount() const {
 
 QList<QAccessibleInterface*> AccessibleList::selectedCells() const {
     // Room for all is made first: no cell may be forgotten for another's sake.
-    if (cells_.size() + static_cast<std::size_t>(selectedCellCount()) > kMostCells) {
-        ForgetCells();
-    }
+    MakeRoomFor(static_cast<std::size_t>(selectedCellCount()));
     QList<QAccessibleInterface*> cells;
     for (const int row : selectedRows()) {
         for (int column = 0; column < columnCount(); ++column) {

@@ -50,6 +50,8 @@ class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterfac
   private:
     ListView* View() const;
     void ForgetCells() const;
+    /// Forgets all cells if there would be too many with so many more.
+    void MakeRoomFor(std::size_t cells) const;
 
     /// The cells that have been asked for, by the index of the child.
     mutable std::unordered_map<int, QAccessible::Id> cells_;

@@ -5,7 +5,6 @@
 #include "FolderItem.h"
 
 #include <utility>
-#include <vector>
 
 namespace folimark {
 namespace {
@@ -16,11 +15,6 @@ enum class Phase { Starting, Running };
 bool closed = false;
 /// How many events are being handled, each in a yield or a dialog of the one before.
 int depth = 0;
-
-std::vector<std::function<void()>>& WaitingTasks() {
-    static std::vector<std::function<void()>> tasks;
-    return tasks;
-}
 
 /// \returns whether the application has dealt with it.
 bool Tell(const RuntimeException& error) {
@@ -65,11 +59,7 @@ void Guarded(const std::function<void()>& handler, Phase phase) {
         Quit(1);
     }
     DropFolderCache();
-    if (--depth == 0) {
-        for (const std::function<void()>& task : std::exchange(WaitingTasks(), {})) {
-            task();
-        }
-    }
+    --depth;
 }
 
 } // namespace
@@ -84,12 +74,8 @@ void StartApplication(const std::function<void()>& start) {
     Guarded(start, Phase::Starting);
 }
 
-void AfterEvents(std::function<void()> task) {
-    if (depth == 0) {
-        task();
-    } else {
-        WaitingTasks().push_back(std::move(task));
-    }
+bool IsHandlingEvent() {
+    return depth > 0;
 }
 
 } // namespace folimark

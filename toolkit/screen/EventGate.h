@@ -15,8 +15,7 @@ void EnterApplication(const std::function<void()>& handler);
 /// ends the application too, so that it never works with half of what it should have read.
 void StartApplication(const std::function<void()>& start);
 
-/// Runs `task` when no event is being handled any more; at once if none is. For what handlers further out may
-/// still be using.
-void AfterEvents(std::function<void()> task);
+/// Is an event being handled, be it the one that the caller is part of?
+bool IsHandlingEvent();
 
 } // namespace folimark

@@ -1,7 +1,7 @@
 #include "Window.h"
 
 #include "Application.h"
-#include "EventGate.h"
+#include "ClosedWidgets.h"
 #include "FolderItem.h"
 #include "MenuBarBuilder.h"
 #include "NativeWindow.h"
@@ -176,9 +176,9 @@ void Window::TakeDown() {
         WindowFrame* const frame = std::exchange(native_->frame, nullptr);
         frame->Release();
         frame->hide();
-        // The widgets look into the controls until they go, after the events that are being handled on them.
+        // The widgets look into the controls until they go.
         QObject::connect(frame, &QObject::destroyed, [self = Ref<Window>(this)] {});
-        AfterEvents([frame] { frame->deleteLater(); });
+        DeleteWhenIdle(frame);
     }
     if (native_->modalLoop != nullptr) {
         native_->modalLoop->quit();

@@ -1,6 +1,8 @@
 #include "Answers.h"
 #include "Application.h"
+#include "ClosedWidgets.h"
 #include "ControlTable.h"
+#include "EventGate.h"
 #include "GlobalData.h"
 #include "NativeWindow.h"
 #include "RunningApplication.h"
@@ -8,7 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QEventLoop>
 #include <QMenuBar>
+#include <QTimer>
 
 namespace folimark::test {
 namespace {
@@ -160,6 +165,31 @@ TEST(Window, EventsComeInTheirOrder) {
     Probe::fails = false;
     failing->Close();
     EXPECT_EQ(events(), "Button.Open Open Activate CancelClose Close ");
+}
+
+TEST(Window, AClosedWidgetOutlivesTheEventsThatMayHoldIt) {
+    const TestFolder folder;
+    const RunningApplication application;
+    Probe::fails = false;
+    const Ref<Probe> probe = New<Probe>();
+    probe->Show();
+    const QPointer<WindowFrame> frame = probe->Native().frame;
+    bool outlived = false;
+    QEventLoop loop;
+    QTimer::singleShot(0, [&] {
+        frame->close();
+        // The next event, which may hold the window as the one that was active before, yields.
+        EnterApplication([&] {
+            QCoreApplication::processEvents();
+            DeleteClosedWidgets();
+            outlived = !frame.isNull();
+        });
+        loop.quit();
+    });
+    loop.exec();
+    EXPECT_TRUE(outlived);
+    EXPECT_EQ(probe->ControlCount(), 0);
+    WaitFor([&] { return frame.isNull(); }, "the widget has gone");
 }
 
 } // namespace

@@ -1,0 +1,55 @@
+#include "ClosedWidgets.h"
+
+#include "EventGate.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QThread>
+#include <QTimer>
+#include <QWidget>
+
+#include <utility>
+#include <vector>
+
+namespace folimark {
+namespace {
+
+/// Milliseconds between attempts. A closed window may wait for as long as a dialog stands.
+constexpr int kBetweenAttempts = 100;
+
+std::vector<QPointer<QWidget>>& ClosedWidgets() {
+    static std::vector<QPointer<QWidget>> widgets;
+    return widgets;
+}
+
+QTimer& Attempts() {
+    static QTimer* const timer = [] {
+        auto* made = new QTimer(QCoreApplication::instance());
+        made->setInterval(kBetweenAttempts);
+        QObject::connect(made, &QTimer::timeout, [] { DeleteClosedWidgets(); });
+        return made;
+    }();
+    return *timer;
+}
+
+} // namespace
+
+void DeleteWhenIdle(QWidget* closed) {
+    ClosedWidgets().emplace_back(closed);
+    Attempts().start();
+}
+
+void DeleteClosedWidgets() {
+    // The outermost loop is the first; what isn't ours (a drag, a menu of a text field) has loops of its own.
+    if (IsHandlingEvent() || QThread::currentThread()->loopLevel() > 1) {
+        return;
+    }
+    for (const QPointer<QWidget>& widget : std::exchange(ClosedWidgets(), {})) {
+        delete widget;
+    }
+    if (ClosedWidgets().empty()) {
+        Attempts().stop();
+    }
+}
+
+} // namespace folimark
