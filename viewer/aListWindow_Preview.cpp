@@ -93,7 +93,8 @@ void aListWindow::DrawCatalogItem() {
     Graphics()->ClearRect(canvas->Left(), canvas->Top(), canvas->Width(), canvas->Height());
     const std::string path = TheListBox()->RowTag(TheListBox()->ListIndex());
     const Ref<FolderItem> file = GetFolderItem(path, 0);
-    if (!file || !file->Exists()) {
+    const bool there = file && file->Exists();
+    if (!file || (!there && file->Gone())) {
         GlobalData::MessageBox1(
             3, "OK",
             "This media file no longer exists in this album. It has been removed from this album, renamed "
@@ -105,8 +106,10 @@ void aListWindow::DrawCatalogItem() {
     Ref<Picture> source;
     const char* unreadable = "";
     if (const MediaKind* kind = KindOf(file->Type())) {
-        source = kind->icon != nullptr ? kind->icon() : OpenFor(*canvas, file);
-        unreadable = kind->unreadable;
+        if (there) {
+            source = kind->icon != nullptr ? kind->icon() : OpenFor(*canvas, file);
+        }
+        unreadable = there ? kind->unreadable : "This file can’t be read.";
         canvas->HelpTag(kind->canvasHelp);
         EditPushButton()->HelpTag(kind->buttonHelp);
         EditPushButton()->Caption(kind->buttonCaption);

@@ -140,22 +140,31 @@ TEST(Albums, AnAlbumThatIsGoneOrEmptyLeavesTheList) {
 }
 
 TEST(Albums, AnAlbumThatCantBeReadStays) {
-    const TestFolder folder{"Safe/Locked/a.jpg"};
+    const TestFolder folder{"Safe/Locked/a.jpg", "Links/"};
+    folder.Link("Links/a.jpg", "../Safe/Locked/a.jpg");
     const RunningApplication application;
+    application.AddAlbum(folder.Path("Links"));
     application.AddAlbum(folder.Path("Safe/Locked"));
-    for (const char* locked : {"Safe/Locked", "Safe"}) { // the folder itself, and one on the way to it
-        ASSERT_EQ(chmod(folder.Path(locked).c_str(), 0), 0);
+    const struct {
+        int row;
+        const char* album;
+        const char* locked;
+    } cases[] = {{1, "Safe/Locked", "Safe/Locked"}, // the folder itself, and one on the way to it
+                 {1, "Safe/Locked", "Safe"},
+                 {0, "Links", "Safe/Locked"}}; // it holds links into that one only
+    for (const auto& c : cases) {
+        ASSERT_EQ(chmod(folder.Path(c.locked).c_str(), 0), 0);
         {
             const AsNobody nobody;
-            const Answers answers{
-                {"This folder could not be read: “" + folder.Path("Safe/Locked") + "”.", "OK"}};
+            const Answers answers{{"This folder could not be read: “" + folder.Path(c.album) + "”.", "OK"}};
+            ClickRow(application.Albums(), c.row);
             Click(application.Albums(), "Open Album");
         }
-        ASSERT_EQ(chmod(folder.Path(locked).c_str(), 0755), 0);
-        EXPECT_EQ(application.Labels(), "Locked");
+        ASSERT_EQ(chmod(folder.Path(c.locked).c_str(), 0755), 0);
+        EXPECT_EQ(application.Labels(), "Links, Locked");
     }
     Click(application.Albums(), "Open Album");
-    EXPECT_EQ(application.Labels(), "Locked*");
+    EXPECT_EQ(application.Labels(), "Links*, Locked");
 }
 
 TEST(Albums, RevealShowsTheSelectedFolder) {

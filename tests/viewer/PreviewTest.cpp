@@ -1,4 +1,5 @@
 #include "Answers.h"
+#include "AsNobody.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
@@ -6,9 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QPainter>
-
 #include <filesystem>
+#include <sys/stat.h>
 
 namespace folimark::test {
 namespace {
@@ -85,6 +85,16 @@ TEST(Preview, AFileThatHasGoneClosesTheAlbum) {
     const TestFolder folder{"a.mp3", "b.mp3"};
     const RunningApplication application;
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    const QImage icon = Preview(album);
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0), 0);
+    {
+        const AsNobody nobody;
+        ClickRow(album, 1); // It may well be there: nobody can tell.
+    }
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
+    EXPECT_NE(Preview(album), icon);
+    ClickRow(album, 0);
+    EXPECT_EQ(Preview(album), icon);
     std::filesystem::remove(folder.Path("b.mp3"));
     {
         const Answers answers{

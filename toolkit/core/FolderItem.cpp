@@ -107,7 +107,8 @@ Ref<FolderItem> FolderItem::FromNativePath(std::string_view bytes) {
 
 const std::shared_ptr<const Place>& FolderItem::OwnPlace() const {
     if (!place_) {
-        place_ = folder_ ? std::make_shared<const Place>(folder_, name_) : std::make_shared<const Place>("");
+        place_ = folder_ ? std::make_shared<const Place>(folder_, name_, kind_ != EntryKind::Named)
+                         : std::make_shared<const Place>("");
     }
     return place_;
 }
@@ -198,6 +199,10 @@ bool FolderItem::Gone() const {
     return status_->gone;
 }
 
+bool FolderItem::Unknown() const {
+    return status_ && !status_->exists && !status_->gone;
+}
+
 bool FolderItem::Visible() const {
     if (kind_ != EntryKind::Named || !folder_) {
         return !hidden_;
@@ -216,7 +221,7 @@ bool FolderItem::Directory() const {
 
 std::string FolderItem::Type() const {
     const bool asks = kind_ == EntryKind::Named || kind_ == EntryKind::Link;
-    const bool regular = asks ? S_ISREG(LastStatus().mode) : kind_ == EntryKind::File;
+    const bool regular = asks ? S_ISREG(LastStatus().mode) || Unknown() : kind_ == EntryKind::File;
     return regular ? FileTypeOf(name_) : "";
 }
 

@@ -49,11 +49,14 @@ class FolderItem : public Object {
     /// True if nothing is there, as far as the system can tell. Of a place that it can't reach (no permission
     /// on the way, a broken disk, a lost connection) neither Exists nor Gone is true.
     bool Gone() const;
+    /// Was the system's last answer that it can't tell? Asks nothing.
+    bool Unknown() const;
     /// False for what the desktop's file browser hides: names with a leading dot, and those that stand in the
     /// file ".hidden" of their folder.
     bool Visible() const;
     bool Directory() const;
-    /// The registered type of a regular file; "" if there is none, and for all else.
+    /// The registered type of a regular file, and of what is none as far as the system can tell; "" if there
+    /// is none, and for all else.
     std::string Type() const;
     /// The size of a regular file in bytes; 0 for all else.
     std::uint64_t Length() const;

@@ -9,6 +9,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -23,7 +24,8 @@ struct CloseStream {
     void operator()(DIR* stream) const { closedir(stream); }
 };
 
-EntryKind KindOf(const dirent& entry, int folder) {
+/// Nothing if the system can't tell.
+std::optional<EntryKind> KindOf(const dirent& entry, int folder) {
     switch (entry.d_type) {
     case DT_REG:
         return EntryKind::File;
@@ -39,7 +41,7 @@ EntryKind KindOf(const dirent& entry, int folder) {
     // Some file systems don't say it in the entry.
     struct stat status {};
     if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
-        return EntryKind::Other;
+        return errno == ENOENT ? std::optional(EntryKind::Other) : std::nullopt;
     }
     return S_ISREG(status.st_mode)   ? EntryKind::File
            : S_ISDIR(status.st_mode) ? EntryKind::Folder
@@ -99,7 +101,7 @@ void FolderListing::Read(Descriptor folder) {
         errno = 0;
         const dirent* const entry = readdir(stream.get());
         if (entry == nullptr) {
-            unreadable_ = errno != 0;
+            unreadable_ = unreadable_ || errno != 0;
             break;
         }
         const std::string_view name(entry->d_name);
@@ -107,7 +109,10 @@ void FolderListing::Read(Descriptor folder) {
             continue;
         }
         hasHiddenFile = hasHiddenFile || name == kHiddenFile;
-        entries_.push_back({entry->d_ino, names_.size(), KindOf(*entry, descriptor), name.starts_with('.')});
+        const std::optional<EntryKind> kind = KindOf(*entry, descriptor);
+        unreadable_ = unreadable_ || !kind;
+        entries_.push_back(
+            {entry->d_ino, names_.size(), kind.value_or(EntryKind::Other), name.starts_with('.')});
         names_.append(name) += '\0';
     }
     // Rotating disks give the files' status far faster in the order in which it lies on them.

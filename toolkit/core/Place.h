@@ -14,9 +14,10 @@ class Place {
   public:
     /// A folder at an absolute native path without a final "/"; "" is the root.
     explicit Place(std::string nativePath) : name_(std::move(nativePath)) {}
-    /// A folder by its name in another one.
-    Place(std::shared_ptr<const Place> parent, std::string name)
-        : parent_(std::move(parent)), name_(std::move(name)) {}
+    /// A folder by its name in another one. What was listed as a folder there is found as one only: a link
+    /// that has taken its name since isn't followed.
+    Place(std::shared_ptr<const Place> parent, std::string name, bool listed)
+        : parent_(std::move(parent)), name_(std::move(name)), listed_(listed) {}
     Place(const Place&) = delete;
     Place& operator=(const Place&) = delete;
     ~Place();
@@ -28,9 +29,15 @@ class Place {
     /// With its final ":".
     const std::string& ColonPath() const;
 
+    /// Opens the folder only for finding things in it (O_PATH). None, with errno set, on failure.
+    Descriptor Open() const;
+    /// The same by its name, where the parent is open.
+    Descriptor OpenIn(int parent) const;
+
   private:
     mutable std::shared_ptr<const Place> parent_; // mutable for the destructor of a place below only
     std::string name_;
+    bool listed_ = false;
     mutable std::string colonPath_; // made at the first question
 };
 

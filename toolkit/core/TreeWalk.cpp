@@ -2,10 +2,16 @@
 
 namespace folimark {
 
+void TreeWalk::NoteUnreadable(const FolderItem& folder) {
+    if (unreadable_.empty()) {
+        unreadable_ = folder.NativePath();
+    }
+}
+
 void TreeWalk::Descend(const Ref<FolderItem>& folder) {
     const std::int64_t count = folder->Count();
-    if (unreadable_.empty() && folder->Unreadable()) {
-        unreadable_ = folder->NativePath();
+    if (folder->Unreadable()) {
+        NoteUnreadable(*folder);
     }
     if (count > 0) {
         levels_.push_back({folder, count});
@@ -13,6 +19,9 @@ void TreeWalk::Descend(const Ref<FolderItem>& folder) {
 }
 
 bool TreeWalk::Next() {
+    if (item_ && item_->Unknown()) { // Whoever looked at it could only skip it.
+        NoteUnreadable(*item_->Parent());
+    }
     while (!levels_.empty()) {
         Level& level = levels_.back();
         if (level.index < level.count) {

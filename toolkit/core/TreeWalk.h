@@ -25,7 +25,8 @@ class TreeWalk {
     /// Steps through the entry's own entries before its siblings.
     void Enter() { Descend(item_); }
 
-    /// The native path of the first folder that could not be read; "" if all could.
+    /// The native path of the first folder that could not be read, or that holds an entry of which the system
+    /// couldn't tell, when asked, whether it is there; "" if all could.
     const std::string& Unreadable() const { return unreadable_; }
 
   private:
@@ -35,6 +36,7 @@ class TreeWalk {
         std::int64_t index = 0;
     };
     void Descend(const Ref<FolderItem>& folder);
+    void NoteUnreadable(const FolderItem& folder);
 
     std::vector<Level> levels_;
     Ref<FolderItem> item_;
