@@ -94,6 +94,8 @@ class aCatalogsWindow : public MenuBarWindow {
     /// Sets the window's height by the number of lines read plus one.
     void FitHeight(std::int64_t n);
     void FollowHeight();
+    /// Doesn't yield, and leaves the slots alone.
+    bool IsAnyCatalogOpen() const;
     /// Empties the slot if it is stale.
     void ClearStale(std::int64_t row);
     /// The row whose slot holds the window; -1 if none does.

@@ -48,6 +48,9 @@ void aCatalogsWindow::zOpenCatalog() {
         CatalogWindows.Set(TheListBox()->ListIndex(), window);
         window->Left(Left() + kCascadeStep);
         window->Top(Top() + kCascadeStep);
+        // An album can be closed, and aligned, as soon as it is being read.
+        CloseCatalogButton->Enabled(true);
+        StaggerCatalogsButton->Enabled(true);
     }
     ShowCatalog(window);
 }
@@ -140,15 +143,24 @@ std::int64_t aCatalogsWindow::CountOpenCatalogs() {
     return count;
 }
 
+bool aCatalogsWindow::IsAnyCatalogOpen() const {
+    for (std::int64_t i = 0; i <= CatalogWindows.Ubound(); ++i) {
+        if (const Ref<aListWindow> window = CatalogWindows(i); window && window->ControlCount() > 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
 void aCatalogsWindow::EnableCatalogButtons() {
-    const std::int64_t open = CountOpenCatalogs();
+    CountOpenCatalogs(); // for the stale slots; it yields, so that its number may be of the past
     const std::int64_t row = TheListBox()->ListIndex();
     const bool selected = TheListBox()->LastIndex() >= 0 && row >= 0 && row <= TheListBox()->LastIndex();
     AddCatalogButton->Enabled(true);
     DeleteCatalogButton->Enabled(selected);
     OpenCatalogButton->Enabled(selected);
     CloseCatalogButton->Enabled(selected && row <= CatalogWindows.Ubound() && CatalogWindows(row));
-    StaggerCatalogsButton->Enabled(open > 0);
+    StaggerCatalogsButton->Enabled(IsAnyCatalogOpen());
 }
 
 void aCatalogsWindow::zStaggerCatalogs() {

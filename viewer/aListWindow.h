@@ -5,6 +5,7 @@
 #include "FolderItem.h"
 #include "MenuBarWindow.h"
 
+#include <optional>
 #include <string>
 
 namespace folimark {
@@ -81,6 +82,13 @@ class aListWindow : public MenuBarWindow {
     void AddMenuHandlers(Window& window) override;
 
   private:
+    /// What a search looks for, as it was when it began: the globals may change while it yields.
+    struct Search {
+        std::string phrase1;
+        std::string phrase2;
+        std::int64_t join = 0; ///< a value of GlobalData::HighlightType
+    };
+
     void _CreateControls0();
 
     void TheListBox_Change(Listbox& list);
@@ -108,12 +116,18 @@ class aListWindow : public MenuBarWindow {
     /// The picture for the canvas that says a short text instead.
     Ref<Picture> ComposeNotice(const std::string& text);
     void OpenSelectedFile();
-    /// Highlights the rows whose names hold the phrases, joined as a value of GlobalData::HighlightType says.
-    /// Copies, since the globals may change while this yields.
-    void SearchRows(std::string phrase1, std::string phrase2, std::int64_t join);
+    /// Highlights the rows whose names hold the phrases.
+    void SearchRows(const Search& search);
     void ShowHighlightCount();
+    /// Says in the preview, as long as it is empty, how far the scan has come.
+    void ShowScanProgress();
     /// Lets the event loop run; raises EndException if that has closed the window.
     void Yield();
+
+    bool scanning_ = false;
+    /// The search that was made last while the scan went on: the rows that came after it don't know of it
+    /// yet.
+    std::optional<Search> searchToRepeat_;
 };
 
 } // namespace folimark

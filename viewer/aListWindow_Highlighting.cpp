@@ -52,19 +52,24 @@ void aListWindow::HighlightPushButton_Action(PushButton& /*button*/) {
     if (!GlobalData::HighlightOK) {
         return;
     }
-    SearchRows(GlobalData::HighlightPhrase1, GlobalData::HighlightPhrase2, GlobalData::HighlightType);
+    const Search search{GlobalData::HighlightPhrase1, GlobalData::HighlightPhrase2,
+                        GlobalData::HighlightType};
+    if (scanning_) {
+        searchToRepeat_ = search;
+        Highlighted.Redim(TheListBox()->LastIndex()); // for the rows that are there
+    }
+    SearchRows(search);
 }
 
-void aListWindow::SearchRows(std::string phrase1, std::string phrase2, std::int64_t join) {
+void aListWindow::SearchRows(const Search& search) {
     const PassScope scope(*this);
     const Ref<Listbox> list = TheListBox();
     NumberHighlighted = 0;
-    // During a scan there is a flag before there is a row.
-    for (std::int64_t i = 0; i <= Highlighted.Ubound() && i <= list->LastIndex(); ++i) {
+    for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
         const std::string_view name = list->Rows().Cell(i, 0);
-        const bool found1 = InStr(name, phrase1) > 0;
-        const bool found2 = join != GlobalData::kFirstAlone && InStr(name, phrase2) > 0;
-        Highlighted.Set(i, Matches(found1, found2, join));
+        const bool found1 = InStr(name, search.phrase1) > 0;
+        const bool found2 = search.join != GlobalData::kFirstAlone && InStr(name, search.phrase2) > 0;
+        Highlighted.Set(i, Matches(found1, found2, search.join));
         if (Highlighted(i)) {
             ++NumberHighlighted;
         }
@@ -74,6 +79,7 @@ void aListWindow::SearchRows(std::string phrase1, std::string phrase2, std::int6
 }
 
 void aListWindow::RemoveHighlightingPushButton_Action(PushButton& /*button*/) {
+    searchToRepeat_.reset();
     const PassScope scope(*this);
     NumberHighlighted = 0;
     for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {

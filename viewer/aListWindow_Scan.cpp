@@ -5,6 +5,9 @@
 #include "TreeWalk.h"
 #include "aListWindow.h"
 
+#include <chrono>
+#include <utility>
+
 namespace folimark {
 namespace {
 
@@ -37,9 +40,30 @@ class CursorKeeper {
     MouseCursorShape saved_;
 };
 
+/// Tells when a scan that takes long is to say so (again).
+class ProgressClock {
+  public:
+    bool IsDue() {
+        const Clock::time_point now = Clock::now();
+        if (now < due_) {
+            return false;
+        }
+        due_ = now + kPause;
+        return true;
+    }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::milliseconds kPatience{1000};
+    static constexpr std::chrono::milliseconds kPause{250};
+
+    Clock::time_point due_ = Clock::now() + kPatience;
+};
+
 } // namespace
 
 void aListWindow::MakeAndShowCatalog() {
+    scanning_ = true;
     WindowCatalogFolder = GlobalData::CatalogFolder;
     const Ref<Listbox> list = TheListBox();
     list->ColumnAlignment(0, Listbox::kAlignLeft);
@@ -62,18 +86,24 @@ void aListWindow::MakeAndShowCatalog() {
         Highlighted.Set(i, false);
         Yield();
     }
-    ShowHighlightCount(); // There may have been a search during the scan.
+    NumberHighlighted = 0; // There may have been a search meanwhile.
+    ShowHighlightCount();
     list->HelpTag(std::string(kListHelp));
     Title(MakeCatalogLabel(WindowCatalogFolder->AbsolutePath()));
     AlbumLabel()->Text(ReadableNames(ReplaceAll(WindowCatalogFolder->AbsolutePath(), ":", "→ ")));
     CountLabel()->Text(list->LastIndex() == 0
                            ? "1 media file"
                            : Format(static_cast<double>(list->LastIndex() + 1), "###,###") + " media files");
+    scanning_ = false;
     list->ListIndex(0);
+    if (const std::optional<Search> search = std::exchange(searchToRepeat_, std::nullopt)) {
+        SearchRows(*search);
+    }
 }
 
 void aListWindow::ListCatalogFileNames(const Ref<FolderItem>& root, const Ref<FolderItem>& current) {
     TreeWalk walk(current);
+    ProgressClock progress;
     while (walk.Next()) {
         const Ref<FolderItem> item = walk.Item();
         if (item && item->Exists() && item->Visible()) {
@@ -85,8 +115,19 @@ void aListWindow::ListCatalogFileNames(const Ref<FolderItem>& root, const Ref<Fo
             }
         }
         Yield();
+        if (progress.IsDue()) {
+            ShowScanProgress();
+        }
     }
     UnreadFolder = walk.Unreadable();
+}
+
+void aListWindow::ShowScanProgress() {
+    if (TheListBox()->ListIndex() < 0) {
+        const auto count = static_cast<double>(TheListBox()->LastIndex() + 1);
+        TheCanvas()->Backdrop(ComposeNotice("Media files found so far: " + Format(count, "###,###")
+                                            + "\n\nClosing this window ends the search for more."));
+    }
 }
 
 void aListWindow::ShowWatchCursor(std::int64_t rowIndex) {
