@@ -1,3 +1,4 @@
+#include "AbsentDisk.h"
 #include "AlbumListFile.h"
 #include "Application.h"
 #include "Exceptions.h"
@@ -75,10 +76,14 @@ void aCatalogsWindow::ShowCatalog(const Ref<aListWindow>& window) {
 
 bool aCatalogsWindow::TellOfFolder(const Ref<aListWindow>& window, const Ref<FolderItem>& folder) {
     const bool empty = window->TheListBox()->LastIndex() < 0;
-    if (empty && !window->UnreadFolder.empty()) {
+    const bool away = empty && folder && MayLieOnAnAbsentDisk(folder->NativePath());
+    if (away || (empty && !window->UnreadFolder.empty())) {
         window->Close();
-        GlobalData::MessageBox1(3, "OK", "This folder could not be read: “" + window->UnreadFolder + "”.",
-                                "The album stays in the list.");
+        GlobalData::MessageBox1(
+            3, "OK",
+            "This folder could not be read: “" + (away ? folder->NativePath() : window->UnreadFolder) + "”.",
+            away ? "It may lie on a disk that isn’t connected. The album stays in the list."
+                 : "The album stays in the list.");
         return true;
     }
     // Only an album that is known to be gone, or to hold no media, leaves the list.

@@ -1,6 +1,7 @@
 #include "Answers.h"
 #include "Application.h"
 #include "AsNobody.h"
+#include "ColonPath.h"
 #include "GlobalData.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
@@ -165,6 +166,27 @@ TEST(Albums, AnAlbumThatCantBeReadStays) {
     }
     Click(application.Albums(), "Open Album");
     EXPECT_EQ(application.Labels(), "Links*, Locked");
+}
+
+TEST(Albums, AnAlbumOnADiskThatMayBeAwayStays) {
+    const TestFolder folder{"Disk/A/a.jpg", "Mount/", "Emptied/A/a.jpg", "Other/A/a.jpg", "Other/b.jpg"};
+    folder.Link("Link", "Disk");
+    const std::pair<std::string, bool> cases[] = {
+        {folder.Path("Disk/A"), true}, // the folder above it has gone too
+        {folder.Path("Link"), true},       {folder.Path("Mount/A"), true}, {"/media/nobody/disk", true},
+        {folder.Path("Emptied/A"), false}, {folder.Path("Other/A"), false}};
+    for (const char* gone : {"Disk", "Emptied/A", "Other/A"}) {
+        std::filesystem::remove_all(folder.Path(gone));
+    }
+    for (const auto& [path, stays] : cases) {
+        SCOPED_TRACE(path);
+        const std::string line = ColonPathOfFolder(path) + "\n";
+        RunningApplication::WriteListFile(line);
+        const RunningApplication application;
+        const Answers answers{{stays ? "This folder could not be read: “" + path + "”." : kGone, "OK"}};
+        DoubleClickRow(application.Albums(), 0);
+        EXPECT_EQ(RunningApplication::ListFile(), stays ? line : "");
+    }
 }
 
 TEST(Albums, RevealShowsTheSelectedFolder) {
