@@ -1,9 +1,9 @@
 // How long it takes to open an album, against a bare walk of the same tree: its directory entries, and one
 // status call a file. Both run in turn, so that the ratio ("times the walk") holds on a noisy machine, too.
 
-#include "Application.h"
 #include "GlobalData.h"
 #include "Start.h"
+#include "Toolkit.h"
 #include "Tree.h"
 #include "aListWindow.h"
 

@@ -1,10 +1,10 @@
 #include "aCatalogsWindow.h"
 
-#include "Application.h"
 #include "DefaultMenuBar.h"
 #include "Exceptions.h"
 #include "GlobalData.h"
 #include "Look.h"
+#include "Screen.h"
 
 #include <algorithm>
 

@@ -22,8 +22,6 @@ namespace folimark {
 /// media.
 class aCatalogsWindow : public MenuBarWindow {
   public:
-    aCatalogsWindow() { Build(); }
-
     /// Has LookForAnyPicturesIn found a media file?
     bool AnyPictures = false;
     bool Opened = false;

@@ -3,6 +3,7 @@
 #include "Application.h"
 #include "Exceptions.h"
 #include "GlobalData.h"
+#include "Screen.h"
 #include "Yield.h"
 #include "aCatalogsWindow.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Text.h"
+#include "Color.h"
 
 #include <cstdint>
 

@@ -9,8 +9,6 @@ namespace folimark {
 /// new ones in GlobalData; HighlightOK tells whether it was left with OK.
 class aHilightWindow : public Window {
   public:
-    aHilightWindow() { Build(); }
-
     Ref<Label> Label4() const;
     Ref<TextField> PhraseTextField() const;
     Ref<PopupMenu> ConjunctionPopUpMenu() const;

@@ -17,8 +17,6 @@ namespace folimark {
 /// While a loop of this window yields, the window may be closed; the loop then ends with an EndException.
 class aListWindow : public MenuBarWindow {
   public:
-    aListWindow() { Build(); }
-
     /// True until the first activation, which fills the window.
     bool Opened = false;
     /// The album's folder.

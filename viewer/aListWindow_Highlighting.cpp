@@ -1,5 +1,5 @@
-#include "Application.h"
 #include "GlobalData.h"
+#include "Keyboard.h"
 #include "Look.h"
 #include "Text.h"
 #include "aHilightWindow.h"

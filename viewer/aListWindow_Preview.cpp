@@ -1,5 +1,5 @@
-#include "Application.h"
 #include "GlobalData.h"
+#include "MsgBox.h"
 #include "Picture.h"
 #include "PictureResources.h"
 #include "aListWindow.h"
@@ -90,7 +90,7 @@ Ref<Picture> OpenFor(const Canvas& canvas, const Ref<FolderItem>& file) {
 
 void aListWindow::DrawCatalogItem() {
     const Ref<Canvas> canvas = TheCanvas();
-    Graphics()->ClearRect(canvas->Left(), canvas->Top(), canvas->Width(), canvas->Height());
+    Graphics().ClearRect(canvas->Left(), canvas->Top(), canvas->Width(), canvas->Height());
     const std::string path = TheListBox()->RowTag(TheListBox()->ListIndex());
     const Ref<FolderItem> file = GetFolderItem(path, 0);
     const bool there = file && file->Exists();

@@ -1,6 +1,7 @@
 #include "App.h"
 
 #include "GlobalData.h"
+#include "MsgBox.h"
 #include "Text.h"
 #include "aCatalogsWindow.h"
 

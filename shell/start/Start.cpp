@@ -5,7 +5,9 @@
 #include "EventGate.h"
 #include "FileTypes.h"
 #include "GlobalData.h"
+#include "MsgBox.h"
 #include "SingleInstance.h"
+#include "Toolkit.h"
 
 namespace folimark {
 namespace {

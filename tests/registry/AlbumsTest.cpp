@@ -1,8 +1,8 @@
 #include "Answers.h"
-#include "Application.h"
 #include "AsNobody.h"
 #include "ColonPath.h"
 #include "GlobalData.h"
+#include "OpenWindows.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 

@@ -1,7 +1,9 @@
 #include "Answers.h"
 
-#include "NativeWindow.h"
+#include "OpenWindows.h"
 #include "PlatformText.h"
+#include "ToolkitKey.h"
+#include "WindowFrame.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -19,7 +21,7 @@ std::deque<Answers::Answer> expected;
 
 Ref<Window> WindowOf(const QWidget& frame) {
     for (const Ref<Window>& window : OpenWindows()) {
-        if (window->Native().frame == &frame) {
+        if (window->Native(kToolkit) == dynamic_cast<const WindowFrame*>(&frame)) {
             return window;
         }
     }

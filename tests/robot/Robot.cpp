@@ -1,10 +1,10 @@
 #include "Robot.h"
 
-#include "Application.h"
 #include "ClosedWidgets.h"
 #include "Listbox.h"
-#include "NativeWindow.h"
+#include "OpenWindows.h"
 #include "PlatformText.h"
+#include "ToolkitKey.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -27,14 +27,6 @@ constexpr int kLimit = 10'000;
 std::string Named(const QWidget& widget) {
     const QString name = widget.objectName();
     return "“" + ToText(name.isEmpty() ? widget.windowTitle() : name) + "”";
-}
-
-WindowFrame& FrameOf(const Ref<Window>& window) {
-    WindowFrame* frame = window->Native().frame;
-    if (frame == nullptr || !frame->isVisible()) {
-        throw RobotFailure("The window “" + window->Title() + "” isn't open.");
-    }
-    return *frame;
 }
 
 /// A caption as a person reads it: without the mark of its mnemonic, and without its shortcut.
@@ -120,6 +112,14 @@ QMenu& OpenMenu(const std::string& menu) {
 }
 
 } // namespace
+
+WindowFrame& FrameOf(const Ref<Window>& window) {
+    auto* frame = static_cast<WindowFrame*>(window->Native(kToolkit));
+    if (frame == nullptr || !frame->isVisible()) {
+        throw RobotFailure("The window “" + window->Title() + "” isn't open.");
+    }
+    return *frame;
+}
 
 void Settle() {
     QCoreApplication::processEvents();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Window.h"
+#include "WindowFrame.h"
 
 #include <QImage>
 #include <QKeySequence>
@@ -64,6 +65,8 @@ std::string EnabledItems(const std::string& menu);
 /// The front window with the menu open.
 QImage PictureOfMenu(const std::string& menu);
 
+/// The widget of an open window, for its looks. Nothing is done to it here.
+WindowFrame& FrameOf(const Ref<Window>& window);
 /// The widget of a control, for its looks. Nothing is done to it here.
 QWidget& WidgetOf(const Ref<Window>& window, const std::string& control);
 /// The whole window, as it looks.

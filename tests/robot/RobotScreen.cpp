@@ -1,5 +1,5 @@
 #include "Answers.h"
-#include "Application.h"
+#include "Toolkit.h"
 
 #include <QApplication>
 #include <QFile>

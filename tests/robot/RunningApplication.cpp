@@ -6,6 +6,7 @@
 #include "DefaultMenuBar.h"
 #include "EventGate.h"
 #include "GlobalData.h"
+#include "OpenWindows.h"
 #include "Start.h"
 #include "Yield.h"
 

@@ -1,5 +1,6 @@
 #include "Answers.h"
 #include "Application.h"
+#include "Resources.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 

@@ -1,5 +1,6 @@
 #include "Text.h"
 #include "Array.h"
+#include "Color.h"
 #include "Date.h"
 
 #include <cstdlib>

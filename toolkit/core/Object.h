@@ -8,6 +8,9 @@
 
 namespace folimark {
 
+template <class T>
+class Ref;
+
 /// The base of all that is held by a handle. The count of handles lives in the object itself, and is not
 /// atomic: all objects belong to the user-interface thread.
 class Object {
@@ -17,9 +20,16 @@ class Object {
     Object& operator=(const Object&) = delete;
     virtual ~Object() = default;
 
+  protected:
+    /// `New` calls it once, when the first handle holds the object: the place for what may take handles of
+    /// its own, which in a constructor would be the end of the object.
+    virtual void Build() {}
+
   private:
     template <class T>
     friend class Ref;
+    template <class T, class... Arguments>
+    friend Ref<T> New(Arguments&&... arguments);
     mutable std::size_t handles_ = 0;
 };
 
@@ -84,10 +94,12 @@ class Ref {
     T* object_ = nullptr;
 };
 
-/// Makes an object and its first handle.
+/// Makes an object and its first handle, and builds it.
 template <class T, class... Arguments>
 Ref<T> New(Arguments&&... arguments) {
-    return Ref<T>(new T(std::forward<Arguments>(arguments)...));
+    Ref<T> made(new T(std::forward<Arguments>(arguments)...));
+    static_cast<Object&>(*made).Build();
+    return made;
 }
 
 } // namespace folimark

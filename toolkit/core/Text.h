@@ -53,15 +53,6 @@ double Floor(double value);
 /// The elements in order with the separator between them.
 std::string Join(const std::vector<std::string>& elements, std::string_view separator);
 
-/// 0xAARRGGBB. The alpha part is the transparency: 0 is opaque, 255 can't be seen.
-using Color = std::uint32_t;
-
-/// Each part is 0 to 255.
-constexpr Color RGB(int red, int green, int blue, int alpha = 0) {
-    return static_cast<Color>(alpha) << 24U | static_cast<Color>(red) << 16U | static_cast<Color>(green) << 8U
-           | static_cast<Color>(blue);
-}
-
 /// The text with every difference of letter case taken out (Unicode's full case folding, no normalisation).
 /// Bytes that are no UTF-8 stay as they are.
 std::string FoldCase(std::string_view text);

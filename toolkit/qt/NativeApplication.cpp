@@ -1,15 +1,17 @@
 #include "NativeApplication.h"
 
 #include "Accessibility.h"
-#include "Application.h"
 #include "EventGate.h"
-#include "FolderItem.h"
-#include "NativeWindow.h"
+#include "OpenWindows.h"
 #include "PlatformText.h"
+#include "Resources.h"
+#include "Toolkit.h"
+#include "ToolkitKey.h"
 #include "Window.h"
+#include "WindowFrame.h"
+#include "Yield.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QFile>
 #include <QIcon>
 
@@ -26,9 +28,9 @@ class ShortcutWatch : public QObject {
         if (event->type() == QEvent::ShortcutOverride) {
             const std::vector<Ref<Window>> windows = OpenWindows();
             for (const Ref<Window>& window : windows) {
-                const NativeWindow& native = window->Native();
-                if (native.frame && native.frame == QApplication::activeWindow()) {
-                    EnterApplication([&] { window->UpdateMenuItems(); });
+                const NativeWindow* native = window->Native(kToolkit);
+                if (native != nullptr && dynamic_cast<WindowFrame*>(QApplication::activeWindow()) == native) {
+                    EnterApplication([&] { window->UpdateMenuItems(kToolkit); });
                 }
             }
         }
@@ -64,12 +66,7 @@ QByteArray PluginsFor(const QByteArray& waylandDisplay, const QByteArray& xDispl
     return both && chosen.isEmpty() ? QByteArrayLiteral("xcb;wayland") : QByteArray();
 }
 
-int RunDialog(QDialog& dialog) {
-    DropFolderCache();
-    return dialog.exec();
-}
-
-void StartWindowSystem(char** arguments, const ApplicationIdentity& identity) {
+void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
     static int count = 1; // The window system keeps a reference to it for as long as it lives.
     QCoreApplication::setApplicationName(ToQString(identity.desktopEntry));
     QCoreApplication::setApplicationVersion(ToQString(identity.version));
@@ -95,6 +92,7 @@ void StartWindowSystem(char** arguments, const ApplicationIdentity& identity) {
     application->installEventFilter(new ShortcutWatch(application));
     InstallAccessibility();
     MakeDimmedTextReadable();
+    SetYieldHandler([] { LetEventsIn([] { QCoreApplication::processEvents(); }); });
 }
 
 } // namespace folimark

@@ -11,12 +11,15 @@ class Canvas : public RectControl {
     const Ref<Picture>& Backdrop() const { return backdrop_; }
     /// A nil picture shows the window's own colour.
     void Backdrop(Ref<Picture> picture);
+    /// For the toolkit: shows the window's own colour until the next write to Backdrop, which keeps its
+    /// value.
+    void GoBlank(const ToolkitKey&);
 
     /// The user double-clicked; given the place in the canvas, in logical pixels.
     std::function<void(Canvas&, int x, int y)> DoubleClick;
 
   protected:
-    void MakeWidget(NativeWindow& window) override;
+    void MakeWidget(WindowFrame& frame) override;
 
   private:
     Ref<Picture> backdrop_;

@@ -1,7 +1,5 @@
 #include "ControlTable.h"
 
-#include "NativeWindow.h"
-
 #include <algorithm>
 #include <vector>
 
@@ -61,7 +59,7 @@ void BuildControls(Window& window, std::span<const ControlRow> rows) {
     }
     std::ranges::stable_sort(tabOrder, {}, &std::pair<int, Ref<RectControl>>::first);
     for (std::size_t i = 1; i < tabOrder.size(); ++i) {
-        SetTabOrder(tabOrder[i - 1].second->Native(), tabOrder[i].second->Native());
+        tabOrder[i].second->TabAfter(*tabOrder[i - 1].second);
     }
 }
 

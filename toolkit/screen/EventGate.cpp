@@ -3,6 +3,7 @@
 #include "Application.h"
 #include "Exceptions.h"
 #include "FolderItem.h"
+#include "MsgBox.h"
 
 #include <utility>
 
@@ -76,6 +77,14 @@ void StartApplication(const std::function<void()>& start) {
 
 bool IsHandlingEvent() {
     return depth > 0;
+}
+
+void LetEventsIn(const std::function<void()>& loop) {
+    DropFolderCache();
+    loop();
+    if (IsQuitting()) {
+        throw EndException();
+    }
 }
 
 } // namespace folimark

@@ -18,4 +18,9 @@ void StartApplication(const std::function<void()>& start);
 /// Is an event being handled, be it the one that the caller is part of?
 bool IsHandlingEvent();
 
+/// Runs a loop of the window system's in the middle of an event's handler: a yield, a dialog. The one door
+/// for whatever events that lets in. No folder stays open meanwhile. Raises EndException behind the loop if
+/// the application is ending then.
+void LetEventsIn(const std::function<void()>& loop);
+
 } // namespace folimark

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Color.h"
 #include "Object.h"
-#include "Text.h"
 
 #include <memory>
 #include <string>

@@ -17,7 +17,7 @@ class Label : public RectControl {
     void Align(TextAlign align);
 
   protected:
-    void MakeWidget(NativeWindow& window) override;
+    void MakeWidget(WindowFrame& frame) override;
 
   private:
     std::string text_;

@@ -1,7 +1,7 @@
 #include "Listbox.h"
 
-#include "ListView.h"
-#include "NativeWindow.h"
+#include "NativeList.h"
+#include "ToolkitKey.h"
 
 #include <algorithm>
 #include <sstream>
@@ -20,13 +20,6 @@ std::vector<std::string> Split(const std::string& text, char separator) {
 
 } // namespace
 
-void Listbox::MakeWidget(NativeWindow& window) {
-    auto* view = new ListView(*this, window.frame->Content());
-    view->setHorizontalScrollBarPolicy(horizontalScrollBar_ ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
-    Native().widget = view;
-    view->ShowColumns(columnWidths_);
-}
-
 void Listbox::InitialValue(const std::string& text) {
     std::vector<std::string> lines = Split(text, '\n');
     if (hasHeading_ && !lines.empty()) {
@@ -40,7 +33,7 @@ void Listbox::InitialValue(const std::string& text) {
 
 void Listbox::AddRow(const std::vector<std::string>& cells) {
     rows_.AddRow(cells);
-    if (auto* view = Native().As<ListView>()) {
+    if (NativeList* view = View()) {
         view->RowAdded();
     }
 }
@@ -49,7 +42,7 @@ void Listbox::RemoveRow(std::int64_t row) {
     if (row < 0 || row > LastIndex()) {
         throw OutOfBoundsException("A list has no row " + std::to_string(row) + " to remove.");
     }
-    auto* view = Native().As<ListView>();
+    NativeList* const view = View();
     if (view != nullptr) {
         view->BeginRemove(row);
     }
@@ -71,7 +64,7 @@ void Listbox::RemoveRow(std::int64_t row) {
 void Listbox::DeleteAllRows() {
     rows_.DeleteAllRows();
     listIndex_ = -1;
-    if (auto* view = Native().As<ListView>()) {
+    if (NativeList* view = View()) {
         view->Reset();
     }
 }
@@ -82,7 +75,7 @@ void Listbox::ListIndex(std::int64_t row) {
     }
     const bool changes = row != listIndex_;
     listIndex_ = row;
-    if (auto* view = Native().As<ListView>()) {
+    if (NativeList* view = View()) {
         view->ShowSelection();
     }
     if (changes) {
@@ -98,14 +91,14 @@ std::string Listbox::Cell(std::int64_t row, int column) const {
 void Listbox::Cell(std::int64_t row, int column, const std::string& text) {
     CheckColumn(column);
     rows_.Cell(row, column, text);
-    if (auto* view = Native().As<ListView>()) {
+    if (NativeList* view = View()) {
         view->CellChanged(row, column);
     }
 }
 
 void Listbox::ColumnWidths(const std::string& widths) {
     columnWidths_ = widths;
-    if (auto* view = Native().As<ListView>()) {
+    if (NativeList* view = View()) {
         view->ShowColumns(widths);
     }
 }
@@ -153,12 +146,12 @@ void Listbox::Sort() {
     if (listIndex_ >= 0) {
         listIndex_ = places[static_cast<std::size_t>(listIndex_)];
     }
-    if (auto* view = Native().As<ListView>()) {
+    if (NativeList* view = View()) {
         view->Sorted(sortedColumn_, ascending);
     }
 }
 
-void Listbox::ClickHeading(int column) {
+void Listbox::ClickHeading(const ToolkitKey&, int column) {
     FromUser([this, column] {
         const bool again = column == sortedColumn_;
         ColumnSortDirection(column, again ? -ColumnSortDirection(column) : kAscending);
@@ -167,7 +160,7 @@ void Listbox::ClickHeading(int column) {
     });
 }
 
-void Listbox::SelectByUser(std::int64_t row) {
+void Listbox::SelectByUser(const ToolkitKey&, std::int64_t row) {
     FromUser([this, row] {
         if (row == listIndex_) {
             RaiseChange();
@@ -177,7 +170,7 @@ void Listbox::SelectByUser(std::int64_t row) {
     });
 }
 
-void Listbox::DoubleClickByUser() {
+void Listbox::DoubleClickByUser(const ToolkitKey&) {
     FromUser([this] {
         if (const auto handler = DoubleClick) {
             handler(*this);
@@ -185,7 +178,7 @@ void Listbox::DoubleClickByUser() {
     });
 }
 
-bool Listbox::PaintCellBackground(Graphics& graphics, std::int64_t row, int column) {
+bool Listbox::PaintCellBackground(const ToolkitKey&, Graphics& graphics, std::int64_t row, int column) {
     bool painted = false;
     FromUser([&] {
         if (CellBackgroundPaint) {

@@ -9,6 +9,8 @@
 
 namespace folimark {
 
+class NativeList;
+
 /// A list of rows with one or more columns, sortable by its headings. Rows and columns count from 0; a
 /// ListIndex of -1 means that no row is selected. Rows are 16 logical pixels high. A row or column outside
 /// the list raises OutOfBoundsException everywhere.
@@ -34,6 +36,9 @@ class Listbox : public RectControl {
     void Cell(std::int64_t row, int column, const std::string& text);
     std::string RowTag(std::int64_t row) const { return std::string(rows_.RowTag(row)); }
     void RowTag(std::int64_t row, const std::string& tag) { rows_.RowTag(row, tag); }
+
+    /// The rows themselves, for whoever reads many of them.
+    const ListRows& Rows() const { return rows_; }
 
     int ColumnCount() const { return columnCount_; }
     void ColumnCount(int count) { columnCount_ = count; }
@@ -70,17 +75,20 @@ class Listbox : public RectControl {
     /// lets the list draw the cell's text on top.
     std::function<bool(Listbox&, Graphics&, std::int64_t row, int column)> CellBackgroundPaint;
 
-    /// For the list's view.
-    const ListRows& Rows() const { return rows_; }
-    void SelectByUser(std::int64_t row);
-    void DoubleClickByUser();
-    void ClickHeading(int column);
-    bool PaintCellBackground(Graphics& graphics, std::int64_t row, int column);
+    /// \name For the list's view
+    /// @{
+    void SelectByUser(const ToolkitKey&, std::int64_t row);
+    void DoubleClickByUser(const ToolkitKey&);
+    void ClickHeading(const ToolkitKey&, int column);
+    bool PaintCellBackground(const ToolkitKey&, Graphics& graphics, std::int64_t row, int column);
+    /// @}
 
   protected:
-    void MakeWidget(NativeWindow& window) override;
+    void MakeWidget(WindowFrame& frame) override;
 
   private:
+    /// Null while there is none.
+    NativeList* View() const;
     void CheckColumn(int column) const;
     void RaiseChange();
 

@@ -9,6 +9,7 @@
 
 namespace folimark {
 
+class ToolkitKey;
 struct NativeMenuItem;
 
 /// A menu, or an item of one. All windows that share a menu bar show the same items. They see at once what is
@@ -44,7 +45,7 @@ class MenuItem : public Object {
 
     bool IsSeparator() const { return text_ == "-"; }
 
-    NativeMenuItem& Native() const { return *native_; }
+    NativeMenuItem& Native(const ToolkitKey&) const { return *native_; }
 
   private:
     std::unique_ptr<NativeMenuItem> native_;

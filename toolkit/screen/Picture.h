@@ -9,6 +9,7 @@
 
 namespace folimark {
 
+class ToolkitKey;
 struct NativePicture;
 
 /// A picture in memory. Its size is in points: what it is drawn at in logical pixels when it isn't scaled.
@@ -37,7 +38,7 @@ class Picture : public Object {
     Ref<folimark::Graphics> Graphics();
 
     /// For the toolkit: the picture as the window system holds it.
-    const NativePicture& Native() const { return *native_; }
+    const NativePicture& Native(const ToolkitKey&) const { return *native_; }
 
   private:
     std::shared_ptr<NativePicture> native_; // shared with the surface

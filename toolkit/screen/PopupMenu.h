@@ -18,7 +18,7 @@ class PopupMenu : public RectControl {
     std::function<void(PopupMenu&)> Change;
 
   protected:
-    void MakeWidget(NativeWindow& window) override;
+    void MakeWidget(WindowFrame& frame) override;
 
   private:
     void RaiseChange();

@@ -12,6 +12,8 @@ class PushButton : public RectControl {
 
     /// Behaves like a click: Action has run when it returns. A disabled or closed button does nothing.
     void Push();
+    /// For the toolkit: a click by the user.
+    void Click(const ToolkitKey&);
 
     /// Return presses the window's default button, Escape its cancel button.
     bool Default() const { return default_; }
@@ -22,7 +24,7 @@ class PushButton : public RectControl {
     std::function<void(PushButton&)> Action;
 
   protected:
-    void MakeWidget(NativeWindow& window) override;
+    void MakeWidget(WindowFrame& frame) override;
 
   private:
     void RunAction();

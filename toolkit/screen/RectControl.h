@@ -8,9 +8,10 @@
 
 namespace folimark {
 
+class ToolkitKey;
 class Window;
+class WindowFrame;
 struct NativeControl;
-struct NativeWindow;
 
 /// The common base of all controls. It holds a control's properties; the widget that shows them belongs to
 /// the window system and goes with the window, after which the properties still answer and writing them does
@@ -41,18 +42,19 @@ class RectControl : public Object {
     /// Redraws the control now, its background erased first.
     void Refresh(bool eraseBackground = true);
     void SetFocus();
+    /// The Tab key brings the keyboard here from `previous`.
+    void TabAfter(const RectControl& previous);
 
     /// Raised once, when the control exists and before its window's own Open.
     std::function<void()> Open;
 
-    /// For the toolkit: the widget behind the control, which may have gone.
-    NativeControl& Native() const { return *native_; }
-
   protected:
     RectControl();
 
-    /// Makes the widget in `window`; called once, when the window takes the control.
-    virtual void MakeWidget(NativeWindow& window) = 0;
+    /// Makes the widget in the window's frame; called once, when the window takes the control.
+    virtual void MakeWidget(WindowFrame& frame) = 0;
+    /// The widget behind the control, which may have gone.
+    NativeControl& Native() const { return *native_; }
 
     /// Runs `handler` as an event that the user caused, with the window kept alive until it returns.
     void FromUser(const std::function<void()>& handler) const;

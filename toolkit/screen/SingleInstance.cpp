@@ -3,9 +3,8 @@
 #include "Application.h"
 #include "Descriptor.h"
 #include "EventGate.h"
+#include "EventLoop.h"
 #include "Exceptions.h"
-
-#include <QSocketNotifier>
 
 #include <algorithm>
 #include <cerrno>
@@ -92,9 +91,7 @@ class SingleInstance::Listener {
   public:
     Listener(Descriptor listening, std::function<void()> comeForward)
         : socket_(std::move(listening)), comeForward_(std::move(comeForward)),
-          notifier_(socket_.Get(), QSocketNotifier::Read) {
-        QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { ComeForward(); });
-    }
+          watch_(WatchDescriptor(socket_.Get(), [this] { ComeForward(); })) {}
 
   private:
     void ComeForward() {
@@ -109,7 +106,7 @@ class SingleInstance::Listener {
 
     Descriptor socket_;
     std::function<void()> comeForward_;
-    QSocketNotifier notifier_;
+    std::shared_ptr<void> watch_;
 };
 
 SingleInstance::SingleInstance() = default;

@@ -11,7 +11,7 @@ class TextField : public RectControl {
     void Text(const std::string& text);
 
   protected:
-    void MakeWidget(NativeWindow& window) override;
+    void MakeWidget(WindowFrame& frame) override;
 
   private:
     std::string text_;

@@ -24,6 +24,8 @@ class ToolItem : public Object {
     bool Enabled() const { return enabled_; }
     void Enabled(bool enabled);
 
+  protected:
+    friend class Toolbar;
     NativeToolItem& Native() const { return *native_; }
 
   private:
@@ -67,7 +69,7 @@ class Toolbar : public RectControl {
     std::function<void(Toolbar&, ToolItem&)> Action;
 
   protected:
-    void MakeWidget(NativeWindow& window) override;
+    void MakeWidget(WindowFrame& frame) override;
 
   private:
     std::vector<Ref<ToolItem>> items_;

@@ -1,55 +1,53 @@
 #include "Window.h"
 
 #include "Application.h"
-#include "ClosedWidgets.h"
-#include "FolderItem.h"
-#include "MenuBarBuilder.h"
+#include "Canvas.h"
+#include "EventGate.h"
 #include "NativeWindow.h"
-#include "OpenWindowList.h"
-#include "PlatformText.h"
-#include "WindowSurface.h"
-
-#include <QEventLoop>
+#include "OpenWindows.h"
+#include "ToolkitKey.h"
 
 namespace folimark {
 
-Window::Window() : native_(std::make_shared<NativeWindow>()) {}
-
-Window::~Window() {
-    // Widgets that are still there belong to a window that was never shown, and look into its controls.
-    if (native_->frame) {
-        native_->frame->Release();
-        delete native_->frame.data();
+void WindowGraphics::ClearRect(int x, int y, int width, int height) const {
+    for (const Ref<RectControl>& control : window_->Controls(kToolkit)) {
+        const Ref<Canvas> canvas = control.As<Canvas>();
+        if (canvas && canvas->Left() >= x && canvas->Top() >= y
+            && canvas->Left() + canvas->Width() <= x + width
+            && canvas->Top() + canvas->Height() <= y + height) {
+            canvas->GoBlank(kToolkit);
+        }
     }
 }
 
+Window::Window() = default;
+
+Window::~Window() = default; // Widgets that are still there belong to a window that was never shown.
+
 void Window::Build() {
-    // Events that arrive while the window is built need a handle on it; the first one must not end it.
-    const Ref<Window> self(this);
-    KeepAlive(self);
     Layout();
     if (!menuBar_ && CurrentApplication() != nullptr) {
         menuBar_ = CurrentApplication()->MenuBar();
     }
-    native_->frame->Prepare();
+    native_->Prepare();
     CreateControls();
     AddMenuHandlers(*this);
     if (menuBar_) {
-        BuildMenuBar(*this);
+        native_->BuildMenus();
     }
     for (const Ref<RectControl>& control : controls_) {
         if (const auto handler = control->Open) {
             handler();
         }
     }
-    native_->frame->Prepare();
+    native_->Prepare();
     Event_Open();
 }
 
 void Window::Apply(const WindowLayout& layout) {
     layout_ = layout;
     title_ = std::string(layout.title);
-    native_->frame = new WindowFrame(*this, layout);
+    native_ = MakeNativeWindow(*this, layout);
 }
 
 void Window::AddMenuHandlers(Window& /*window*/) {}
@@ -75,42 +73,34 @@ void Window::RaiseNoControl(std::string_view name) const {
 }
 
 void Window::Show() {
-    if (!native_->frame || state_ == State::Closing) {
+    if (!native_ || state_ == State::Closing) {
         return;
     }
     const Ref<Window> self(this);
     if (state_ == State::Made) {
         state_ = State::Open;
-        OpenWindowList().push_back(self);
-        native_->frame->Prepare();
+        AddOpenWindow(self);
+        native_->Prepare();
         if (layout_.frame == WindowLayout::kDocument) {
-            native_->frame->PlaceFirst();
+            native_->PlaceFirst();
         }
     }
-    native_->frame->setWindowState((native_->frame->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
-    native_->frame->show();
-    native_->frame->raise();
-    native_->frame->activateWindow();
+    native_->BringToFront();
     RunFirstActivate();
 }
 
 void Window::ShowModal() {
-    if (!native_->frame) {
+    if (!native_) {
         return;
     }
     const Ref<Window> self(this);
-    DropFolderCache();
-    QEventLoop loop;
-    native_->modalLoop = &loop;
-    native_->frame->setWindowModality(Qt::ApplicationModal);
+    native_->MakeModal();
     Show();
-    if (native_->frame) {
-        loop.exec();
-    }
-    native_->modalLoop = nullptr;
-    if (IsQuitting()) {
-        throw EndException();
-    }
+    LetEventsIn([this] {
+        if (native_) {
+            native_->WaitUntilTakenDown();
+        }
+    });
 }
 
 void Window::RunFirstActivate() {
@@ -120,7 +110,7 @@ void Window::RunFirstActivate() {
     }
 }
 
-void Window::ActivatedByUser() {
+void Window::ActivatedByUser(const ToolkitKey&) {
     // Before Show has run the first Activate itself, the window system's word is ahead of the order of
     // events.
     if (activated_) {
@@ -130,7 +120,7 @@ void Window::ActivatedByUser() {
 }
 
 void Window::Close() {
-    if (!native_->frame || state_ == State::Closing) {
+    if (!native_ || state_ == State::Closing) {
         return;
     }
     const Ref<Window> self(this);
@@ -154,7 +144,7 @@ void Window::Close() {
 }
 
 void Window::CloseUnasked() {
-    if (!native_->frame || state_ == State::Closing) {
+    if (!native_ || state_ == State::Closing) {
         return;
     }
     const Ref<Window> self(this);
@@ -162,42 +152,28 @@ void Window::CloseUnasked() {
     // The window goes down also when its Close event fails.
     struct Finally {
         Window& window;
-        ~Finally() { window.TakeDown(); }
+        ~Finally() { window.TakeDown(kToolkit); }
     } const finally{*this};
     Event_Close();
 }
 
-void Window::TakeDown() {
+void Window::TakeDown(const ToolkitKey&) {
+    const Ref<Window> self(this);
     state_ = State::Closed;
     for (const Ref<RectControl>& control : controls_) {
         control->Detach();
     }
-    if (native_->frame) {
-        WindowFrame* const frame = std::exchange(native_->frame, nullptr);
-        frame->Release();
-        frame->hide();
-        // The widgets look into the controls until they go.
-        QObject::connect(frame, &QObject::destroyed, [self = Ref<Window>(this)] {});
-        DeleteWhenIdle(frame);
-    }
-    if (native_->modalLoop != nullptr) {
-        native_->modalLoop->quit();
+    if (NativeWindow* native = native_.release()) {
+        native->TakeDown();
     }
     ForgetOpenWindow(*this);
 }
 
 int Window::ControlCount() const {
-    return native_->frame ? static_cast<int>(controls_.size()) : 0;
+    return native_ ? static_cast<int>(controls_.size()) : 0;
 }
 
-Ref<folimark::Graphics> Window::Graphics() {
-    if (!graphics_) {
-        graphics_ = New<folimark::Graphics>(std::make_unique<WindowSurface>(native_));
-    }
-    return graphics_;
-}
-
-void Window::ResizedByUser(bool ended) {
+void Window::ResizedByUser(const ToolkitKey&, bool ended) {
     const Ref<Window> self(this);
     if (ended) {
         Event_Resized();
@@ -206,7 +182,7 @@ void Window::ResizedByUser(bool ended) {
     }
 }
 
-bool Window::KeyDownByUser(const std::string& key) {
+bool Window::KeyDownByUser(const ToolkitKey&, const std::string& key) {
     return !key.empty() && Event_KeyDown(key);
 }
 

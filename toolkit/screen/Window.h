@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Graphics.h"
+#include "Color.h"
 #include "MenuBar.h"
 #include "RectControl.h"
 
@@ -13,7 +13,8 @@
 
 namespace folimark {
 
-struct NativeWindow;
+class NativeWindow;
+class ToolkitKey;
 
 /// What is fixed about a kind of window. Sizes are those of the content, in logical pixels.
 struct WindowLayout {
@@ -33,12 +34,26 @@ struct WindowLayout {
     Color backColor = 0xFFFFFF;
 };
 
+class Window;
+
+/// What can be done to a window itself, on which nothing but its controls is drawn.
+class WindowGraphics {
+  public:
+    explicit WindowGraphics(Ref<Window> window) : window_(std::move(window)) {}
+
+    /// Clears a rectangle to the window's background: a canvas that lies in it as a whole goes blank until it
+    /// is given a picture. Logical pixels, relative to the window's content.
+    void ClearRect(int x, int y, int width, int height) const;
+
+  private:
+    Ref<Window> window_;
+};
+
 /// A window. The toolkit owns it from the moment that it is shown until it has closed; handles on it stay
 /// valid objects after that: a closed window has no controls, and whatever is asked of it does no harm.
 ///
-/// A derived class calls Build as the last thing that its constructor does: that lays the window out, makes
-/// its controls, connects its menu handlers and then raises the controls' Open events and the window's own.
-/// The first Activate comes inside the first Show.
+/// `New` lays a window out, makes its controls, connects its menu handlers and then raises the controls' Open
+/// events and the window's own. The first Activate comes inside the first Show.
 class Window : public Object {
   public:
     ~Window() override;
@@ -68,8 +83,7 @@ class Window : public Object {
     Color BackColor() const;
     /// How many controls the window has; 0 once it has closed.
     int ControlCount() const;
-    /// The surface of the whole content, always the same one. What it clears is blank until it is drawn anew.
-    Ref<folimark::Graphics> Graphics();
+    WindowGraphics Graphics() { return WindowGraphics(Ref<Window>(this)); }
 
     Ref<folimark::MenuBar> MenuBar() const { return menuBar_; }
     void MenuBar(Ref<folimark::MenuBar> bar) { menuBar_ = std::move(bar); }
@@ -80,17 +94,19 @@ class Window : public Object {
     void AddControl(Ref<RectControl> control, std::string_view name, int left, int top, int width,
                     int height);
 
-    /// For the toolkit.
+    /// \name For the toolkit
+    /// @{
     /// Closes the window without any event.
-    void TakeDown();
-    NativeWindow& Native() const { return *native_; }
-    bool HasMenuHandler(const std::string& itemName) const { return menuHandlers_.contains(itemName); }
-    void ChooseMenuItem(const Ref<MenuItem>& item);
-    void UpdateMenuItems();
-    void ActivatedByUser();
-    void ResizedByUser(bool ended);
-    bool KeyDownByUser(const std::string& key);
-    const std::vector<Ref<RectControl>>& Controls() const { return controls_; }
+    void TakeDown(const ToolkitKey&);
+    /// Null once the window has closed.
+    NativeWindow* Native(const ToolkitKey&) const { return native_.get(); }
+    const std::vector<Ref<RectControl>>& Controls(const ToolkitKey&) const { return controls_; }
+    void ChooseMenuItem(const ToolkitKey&, const Ref<MenuItem>& item);
+    void UpdateMenuItems(const ToolkitKey&);
+    void ActivatedByUser(const ToolkitKey&);
+    void ResizedByUser(const ToolkitKey&, bool ended);
+    bool KeyDownByUser(const ToolkitKey&, const std::string& key);
+    /// @}
 
     /// \name Events
     /// @{
@@ -113,7 +129,7 @@ class Window : public Object {
   protected:
     Window();
 
-    void Build();
+    void Build() override;
     virtual void Layout() = 0;
     virtual void CreateControls() = 0;
     virtual void AddMenuHandlers(Window& window);
@@ -137,10 +153,9 @@ class Window : public Object {
 
     enum class State : std::uint8_t { Made, Open, Closing, Closed };
 
-    std::shared_ptr<NativeWindow> native_; // shared with the surface
+    std::unique_ptr<NativeWindow> native_;
     WindowLayout layout_;
     std::string title_;
-    Ref<folimark::Graphics> graphics_; // made at the first question
     Ref<folimark::MenuBar> menuBar_;
     std::map<std::string, std::function<bool()>> menuHandlers_;
     std::vector<Ref<RectControl>> controls_;
@@ -150,8 +165,5 @@ class Window : public Object {
     State state_ = State::Made;
     bool activated_ = false;
 };
-
-/// All windows that are open, in the order in which they were shown first.
-const std::vector<Ref<Window>>& OpenWindows();
 
 } // namespace folimark

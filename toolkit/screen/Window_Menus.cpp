@@ -1,8 +1,27 @@
 #include "Application.h"
 #include "EditCommands.h"
+#include "OpenWindows.h"
+#include "ToolkitKey.h"
 #include "Window.h"
 
 namespace folimark {
+namespace {
+
+/// Asks all windows, closes them, and ends the application.
+void QuitByUser() {
+    const std::vector<Ref<Window>> windows = OpenWindows();
+    for (const Ref<Window>& window : windows) {
+        if (window->Event_CancelClose(true)) {
+            return;
+        }
+    }
+    for (const Ref<Window>& window : windows) {
+        window->CloseUnasked();
+    }
+    Quit(0);
+}
+
+} // namespace
 
 void Window::MenuHandler(const std::string& itemName, std::function<bool()> handler) {
     if (!menuBar_ || !menuBar_->Find(itemName)) {
@@ -11,8 +30,8 @@ void Window::MenuHandler(const std::string& itemName, std::function<bool()> hand
     menuHandlers_[itemName] = std::move(handler);
 }
 
-void Window::ChooseMenuItem(const Ref<MenuItem>& item) {
-    UpdateMenuItems();
+void Window::ChooseMenuItem(const ToolkitKey&, const Ref<MenuItem>& item) {
+    UpdateMenuItems(kToolkit);
     if (!item->Enabled()) {
         return;
     }
@@ -29,13 +48,13 @@ void Window::ChooseMenuItem(const Ref<MenuItem>& item) {
     }
 }
 
-void Window::UpdateMenuItems() {
+void Window::UpdateMenuItems(const ToolkitKey&) {
     if (!menuBar_) {
         return;
     }
     for (const Ref<MenuItem>& menu : menuBar_->Children()) {
         for (const Ref<MenuItem>& item : menu->Children()) {
-            const bool served = HasMenuHandler(item->Name()) || item.As<QuitMenuItem>();
+            const bool served = menuHandlers_.contains(item->Name()) || item.As<QuitMenuItem>();
             item->Enabled((item->AutoEnable() && served) || CanRunEditCommand(item->Name()));
         }
     }

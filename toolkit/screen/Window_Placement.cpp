@@ -1,5 +1,4 @@
 #include "NativeWindow.h"
-#include "PlatformText.h"
 #include "Window.h"
 
 namespace folimark {
@@ -7,24 +6,24 @@ namespace folimark {
 // A closed window remembers where it would stand; nothing is there to see.
 
 int Window::Left() const {
-    return native_->frame ? native_->frame->ContentPosition().x() : left_;
+    return native_ ? native_->ContentLeft() : left_;
 }
 
 void Window::Left(int left) {
     left_ = left;
-    if (native_->frame) {
-        native_->frame->PlaceContent(QPoint(left, Top()));
+    if (native_) {
+        native_->PlaceContent(left, Top());
     }
 }
 
 int Window::Top() const {
-    return native_->frame ? native_->frame->ContentPosition().y() : top_;
+    return native_ ? native_->ContentTop() : top_;
 }
 
 void Window::Top(int top) {
     top_ = top;
-    if (native_->frame) {
-        native_->frame->PlaceContent(QPoint(Left(), top));
+    if (native_) {
+        native_->PlaceContent(Left(), top);
     }
 }
 
@@ -33,13 +32,13 @@ int Window::Width() const {
 }
 
 int Window::Height() const {
-    return native_->frame ? native_->frame->ContentHeight() : height_;
+    return native_ ? native_->ContentHeight() : height_;
 }
 
 void Window::Height(int height) {
     height_ = height;
-    if (native_->frame) {
-        native_->frame->SetContentHeight(height);
+    if (native_) {
+        native_->SetContentHeight(height);
     }
 }
 
@@ -49,10 +48,8 @@ Color Window::BackColor() const {
 
 void Window::Title(const std::string& title) {
     title_ = title;
-    if (native_->frame) {
-        // "[*]" alone would stand for a mark that the window has changes.
-        native_->frame->setWindowTitle(
-            AsDisplayed(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    if (native_) {
+        native_->SetTitle(title);
     }
 }
 

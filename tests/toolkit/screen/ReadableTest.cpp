@@ -1,7 +1,6 @@
 #include "Answers.h"
 #include "GlobalData.h"
 #include "NativeApplication.h"
-#include "NativeWindow.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
@@ -110,7 +109,7 @@ TEST_F(Palettes, EveryTextCanBeReadInEach) {
         const TestFolder folder{"WWW.mp3", "WXW.mp3", "WYW.mp3"};
         QApplication::setPalette(palette);
         const RunningApplication application;
-        ExpectReadable(*application.Albums()->Native().frame, std::string(kind) + ", no album");
+        ExpectReadable(FrameOf(application.Albums()), std::string(kind) + ", no album");
         const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
         auto& list = dynamic_cast<QTableView&>(WidgetOf(album, "TheListBox"));
         for (const bool marked : {false, true}) {
@@ -129,11 +128,10 @@ TEST_F(Palettes, EveryTextCanBeReadInEach) {
                 }
             }
         }
-        ExpectReadable(*album->Native().frame, std::string(kind) + ", the album");
-        ExpectReadable(*application.Albums()->Native().frame, std::string(kind) + ", the albums");
+        ExpectReadable(FrameOf(album), std::string(kind) + ", the album");
+        ExpectReadable(FrameOf(application.Albums()), std::string(kind) + ", the albums");
         const Answers answers{{kHighlightDialog, "", [&, kind = kind](const Ref<Window>& dialog) {
-                                   ExpectReadable(*dialog->Native().frame,
-                                                  std::string(kind) + ", the dialog");
+                                   ExpectReadable(FrameOf(dialog), std::string(kind) + ", the dialog");
                                    Click(dialog, "Cancel");
                                }}};
         Click(album, "Highlight…");
@@ -160,7 +158,7 @@ TEST(Readable, NamesNeitherHideNorLeaveTheirPlaces) {
     EXPECT_EQ(album->TheListBox()->Cell(1, 0).find("c\u202E3pm"), 0U);
     album->Title("\u202Ename");
     EXPECT_EQ(album->Title(), "\u202Ename");
-    EXPECT_EQ(album->Native().frame->windowTitle(), QString::fromUtf8("⟦RLO⟧name"));
+    EXPECT_EQ(FrameOf(album).windowTitle(), QString::fromUtf8("⟦RLO⟧name"));
 }
 
 TEST(WindowSystem, TheXProtocolIsAskedForWhereASessionServesBoth) {

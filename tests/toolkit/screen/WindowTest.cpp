@@ -1,11 +1,10 @@
 #include "Answers.h"
-#include "Application.h"
 #include "ClosedWidgets.h"
 #include "ControlTable.h"
 #include "EventGate.h"
 #include "GlobalData.h"
-#include "NativeWindow.h"
 #include "RunningApplication.h"
+#include "Screen.h"
 #include "TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +19,7 @@ namespace {
 
 /// Where the window's content stands, as the window system has it.
 QPoint PlaceOfContent(const Ref<Window>& window) {
-    return window->Native().frame->Content()->mapToGlobal(QPoint(0, 0));
+    return FrameOf(window).Content()->mapToGlobal(QPoint(0, 0));
 }
 
 TEST(Window, APlaceThatWasSetIsReadAndIsWhereTheContentStands) {
@@ -39,13 +38,13 @@ TEST(Window, APlaceThatWasSetIsReadAndIsWhereTheContentStands) {
     Settle();
     album->Show();
     Settle();
-    album->Native().frame->move(200, 300); // as a drag of its title does
+    FrameOf(album).move(200, 300); // as a drag of its title does
     Settle();
     EXPECT_EQ(PlaceOfContent(album), QPoint(album->Left(), album->Top()));
     EXPECT_GT(album->Top(), 300);
     EXPECT_EQ(album->Width(), 1470);
-    EXPECT_EQ(album->Native().frame->Content()->size(), QSize(1470, 634));
-    EXPECT_EQ(album->Native().frame->width(), 1470);
+    EXPECT_EQ(FrameOf(album).Content()->size(), QSize(1470, 634));
+    EXPECT_EQ(FrameOf(album).width(), 1470);
     EXPECT_EQ(WidgetOf(album, "TheCanvas").mapToGlobal(QPoint(0, 0)),
               PlaceOfContent(album) + QPoint(1150, 52));
     EXPECT_THROW(DragHeight(album, 650), RobotFailure);
@@ -55,7 +54,7 @@ TEST(Window, BarsLieOutsideOfTheHeightAndTheListFollowsIt) {
     const TestFolder folder;
     const RunningApplication application;
     const Ref<aCatalogsWindow> albums = application.Albums();
-    const WindowFrame& frame = *albums->Native().frame;
+    const WindowFrame& frame = FrameOf(albums);
     const auto check = [&](int height) {
         EXPECT_EQ(albums->Height(), height);
         EXPECT_EQ(albums->TheListBox()->Height(), height);
@@ -93,8 +92,6 @@ TEST(Window, TheAlbumsWindowFitsItsList) {
 /// Notes its events.
 class Probe : public Window {
   public:
-    Probe() { Build(); }
-
     static inline std::string events;
     static inline bool fails = false;
     bool staysOpen = false;
@@ -173,7 +170,7 @@ TEST(Window, AClosedWidgetOutlivesTheEventsThatMayHoldIt) {
     Probe::fails = false;
     const Ref<Probe> probe = New<Probe>();
     probe->Show();
-    const QPointer<WindowFrame> frame = probe->Native().frame;
+    const QPointer<WindowFrame> frame = &FrameOf(probe);
     bool outlived = false;
     QEventLoop loop;
     QTimer::singleShot(0, [&] {

@@ -1,0 +1,12 @@
+#pragma once
+
+class QDialog;
+
+namespace folimark {
+
+/// Shows a dialog of the window system's and blocks until it has been answered. Raises EndException if the
+/// application has ended meanwhile.
+/// \returns its result.
+int RunDialog(QDialog& dialog);
+
+} // namespace folimark

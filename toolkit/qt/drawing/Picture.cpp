@@ -1,0 +1,82 @@
+#include "Picture.h"
+
+#include "Descriptor.h"
+#include "NativePicture.h"
+#include "PictureProcess.h"
+#include "PictureSurface.h"
+#include "Resources.h"
+
+#include <QFile>
+
+namespace folimark {
+namespace {
+
+Ref<Picture> MakePicture(const QImage& image, int width, int height) {
+    auto native = std::make_unique<NativePicture>();
+    native->image = image;
+    native->width = width;
+    native->height = height;
+    return New<Picture>(std::move(native));
+}
+
+QImage ReadResource(const std::string& fileName) {
+    const Ref<FolderItem> file = ResourcesFolder()->Child(fileName);
+    return file ? QImage(QFile::decodeName(QByteArray::fromStdString(file->NativePath()))) : QImage();
+}
+
+} // namespace
+
+Picture::Picture(int width, int height, int /*depth*/) : native_(std::make_shared<NativePicture>()) {
+    MakeBlank(*native_, width, height);
+}
+
+Picture::Picture(std::unique_ptr<NativePicture> native) : native_(std::move(native)) {}
+
+Picture::~Picture() = default;
+
+Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight) {
+    const Descriptor descriptor = file->OpenForReading();
+    if (!descriptor) {
+        return {};
+    }
+    const std::optional<DecodedPicture> decoded =
+        ReadPicture(descriptor.Get(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight));
+    if (!decoded) {
+        return {};
+    }
+    // The image shows the shared memory itself, and keeps it for as long as it lives.
+    auto* owner = new std::shared_ptr<const std::uint32_t>(decoded->pixels);
+    const QImage image(
+        reinterpret_cast<const uchar*>(owner->get()), decoded->width, decoded->height,
+        static_cast<qsizetype>(decoded->width) * qsizetype{sizeof(std::uint32_t)},
+        QImage::Format_ARGB32_Premultiplied,
+        [](void* kept) { delete static_cast<std::shared_ptr<const std::uint32_t>*>(kept); }, owner);
+    return MakePicture(image, decoded->pictureWidth, decoded->pictureHeight);
+}
+
+Ref<Picture> Picture::FromResource(const std::string& fileName) {
+    const QImage plain = ReadResource(fileName);
+    if (plain.isNull()) {
+        return {};
+    }
+    const std::string::size_type dot = fileName.rfind('.');
+    const QImage sharp = ReadResource(fileName.substr(0, dot) + "@2x" + fileName.substr(dot));
+    return MakePicture(sharp.isNull() ? plain : sharp, plain.width(), plain.height());
+}
+
+int Picture::Width() const {
+    return native_->width;
+}
+
+int Picture::Height() const {
+    return native_->height;
+}
+
+Ref<folimark::Graphics> Picture::Graphics() {
+    if (!graphics_) {
+        graphics_ = New<folimark::Graphics>(std::make_unique<PictureSurface>(native_));
+    }
+    return graphics_;
+}
+
+} // namespace folimark

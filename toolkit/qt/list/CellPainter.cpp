@@ -1,0 +1,75 @@
+#include "CellPainter.h"
+
+#include "ListView.h"
+#include "Listbox.h"
+#include "PainterSurface.h"
+#include "ToolkitKey.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+
+namespace folimark {
+namespace {
+
+// The selected row, in a window that has the keyboard and in one that hasn't. The row's own background stays
+// to be seen at its ends, so that a coloured row can be told while it is selected.
+const QColor kSelection(0x2A, 0x5D, 0xB0);
+const QColor kSelectionText(Qt::white);
+const QColor kIdleSelection(0xC3, 0xCF, 0xE2);
+const QColor kText(Qt::black);
+// Both in a list that is disabled.
+const QColor kDimmedSelection(0xE0, 0xE0, 0xE0);
+const QColor kDimmedText(0x6B, 0x6B, 0x6B);
+constexpr int kEndWidth = 4;
+
+void PaintSelection(QPainter& painter, QRect cell, const QColor& color, bool isFirst, bool isLast) {
+    if (isFirst) {
+        cell.setLeft(cell.left() + kEndWidth);
+    }
+    if (isLast) {
+        cell.setRight(cell.right() - kEndWidth);
+    }
+    painter.fillRect(cell, color);
+}
+
+} // namespace
+
+CellPainter::CellPainter(ListView* view) : QStyledItemDelegate(view), view_(*view) {}
+
+void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    painter->save();
+    painter->setClipRect(option.rect);
+    Graphics background(
+        std::make_unique<PainterSurface>(*painter, option.rect, option.palette.color(QPalette::Base)));
+    const bool painted = view_.List().PaintCellBackground(kToolkit, background, index.row(), index.column());
+    const bool selected = index.row() == view_.List().ListIndex();
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool active = enabled && option.state.testFlag(QStyle::State_Active);
+    if (selected) {
+        PaintSelection(*painter, option.rect,
+                       active    ? kSelection
+                       : enabled ? kIdleSelection
+                                 : kDimmedSelection,
+                       index.column() == 0, index.column() == view_.List().ColumnCount() - 1);
+    }
+    if (!painted) {
+        const QRect room = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
+        const QString text = index.data(Qt::DisplayRole).toString();
+        painter->setFont(view_.font());
+        painter->setPen(selected && active ? kSelectionText : enabled ? kText : kDimmedText);
+        // A name that is read from the right stays at its column's side, with its extension at its end.
+        painter->drawText(room,
+                          index.data(Qt::TextAlignmentRole).toInt() | static_cast<int>(Qt::TextSingleLine)
+                              | static_cast<int>(Qt::TextForceLeftToRight),
+                          view_.fontMetrics().elidedText(text, Qt::ElideMiddle, room.width()));
+    }
+    painter->restore();
+}
+
+bool CellPainter::helpEvent(QHelpEvent* /*event*/, QAbstractItemView* /*view*/,
+                            const QStyleOptionViewItem& /*option*/, const QModelIndex& /*index*/) {
+    return false; // The list's own tooltip serves all cells.
+}
+
+} // namespace folimark

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "NativeList.h"
+
+#include <QTableView>
+#include <QTimer>
+
+namespace folimark {
+
+class KeyBacklog;
+class Listbox;
+class RowsModel;
+
+/// The view of a Listbox: rows of a fixed height, backgrounds painted by the list's owner, also behind the
+/// last row, and one selected row, which follows the list's ListIndex.
+class ListView : public QTableView, public NativeList {
+  public:
+    ListView(Listbox& list, QWidget* parent);
+    ~ListView() override;
+
+    void RowAdded() override;
+    void BeginRemove(std::int64_t row) override;
+    void EndRemove() override;
+    void Reset() override;
+    void Sorted(int column, bool ascending) override;
+    void CellChanged(std::int64_t row, int column) override;
+    void ShowColumns(const std::string& widths) override;
+    void ShowSelection() override;
+
+    Listbox& List() const { return list_; }
+
+    void keyboardSearch(const QString& text) override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+  private:
+    bool MoveByKey(int key);
+    void PaintEmptyRows();
+
+    Listbox& list_;
+    RowsModel* model_;
+    std::unique_ptr<KeyBacklog> backlog_;
+    QString typed_;
+    std::int64_t typedAt_ = 0;
+    QTimer announcement_;
+};
+
+} // namespace folimark

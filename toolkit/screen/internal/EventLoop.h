@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+namespace folimark {
+
+/// Runs the event loop, with `first` as its first event, until EndEventLoop is called.
+void RunEventLoop(std::function<void()> first);
+/// Ends the event loop and all that run inside it.
+void EndEventLoop(int exitCode);
+
+/// Calls `ready` each time that the descriptor can be read, for as long as the result lives.
+std::shared_ptr<void> WatchDescriptor(int descriptor, std::function<void()> ready);
+
+} // namespace folimark
