@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QClipboard>
+#include <QWindow>
 
 namespace folimark::test {
 namespace {
@@ -125,8 +127,14 @@ TEST(Highlight, TheDialogKeepsTheLastAcceptedSearch) {
                   EXPECT_EQ(dialog->ConjunctionPopUpMenu()->ListIndex(), 2);
                   EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "b");
                   EXPECT_EQ(QApplication::focusWidget(), &WidgetOf(dialog, "ConjoinedPhraseTextField"));
-                  Type("new"); // It replaces what stands there.
-                  EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "new");
+                  QApplication::clipboard()->setText(QStringLiteral("\nne\r\nw\n"));
+                  Press(Qt::Key_V, Qt::ControlModifier); // It replaces what stands there, and is one line.
+                  EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "ne w");
+                  const auto windowOf = [](const Ref<Window>& window, const char* control) {
+                      return WidgetOf(window, control).window()->windowHandle();
+                  };
+                  EXPECT_EQ(windowOf(dialog, "OKPushButton")->transientParent(),
+                            windowOf(album, "TheCanvas"));
                   Enter(dialog, "PhraseTextField", "other");
                   EXPECT_THROW(Click(album, "Show Folimark Window"), RobotFailure); // it is modal
                   Press(Qt::Key_Escape);

@@ -6,7 +6,10 @@
 
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QRegularExpression>
+#include <QValidator>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -32,11 +35,46 @@ class Field : public QLineEdit {
     bool visited_ = false;
 };
 
+/// Line ends at a text's ends go, those inside become blanks.
+QString InOneLine(QString text) {
+    static const QRegularExpression kEnds(QStringLiteral("^[\\r\\n]+|[\\r\\n]+$"));
+    static const QRegularExpression kInner(QStringLiteral("\\r\\n|[\\r\\n]"));
+    return text.remove(kEnds).replace(kInner, QStringLiteral(" "));
+}
+
+/// Makes one line of what is pasted or dropped.
+class OneLine : public QValidator {
+  public:
+    using QValidator::QValidator;
+
+    State validate(QString& text, int& cursor) const override {
+        // What is new lies between the beginning and the end that the text has in common with the one before.
+        const auto most = std::min(text.size(), before_.size());
+        const auto start =
+            std::mismatch(text.cbegin(), text.cbegin() + most, before_.cbegin()).first - text.cbegin();
+        const auto same =
+            std::mismatch(text.crbegin(), text.crbegin() + (most - start), before_.crbegin()).first
+            - text.crbegin();
+        const QString added = text.mid(start, text.size() - start - same);
+        const QString line = InOneLine(added);
+        if (line != added) {
+            text.replace(start, added.size(), line);
+            cursor = static_cast<int>(start + line.size());
+        }
+        before_ = text;
+        return Acceptable;
+    }
+
+  private:
+    mutable QString before_;
+};
+
 } // namespace
 
 void TextField::MakeWidget(WindowFrame& frame) {
     auto* field = new Field(ToQString(text_), frame.Content());
     field->setMaxLength(std::numeric_limits<int>::max());
+    field->setValidator(new OneLine(field));
     QObject::connect(field, &QLineEdit::textChanged, &Native().connections,
                      [this](const QString& text) { text_ = ToText(text); });
     Native().widget = field;

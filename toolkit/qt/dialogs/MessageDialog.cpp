@@ -1,10 +1,8 @@
 #include "MessageDialog.h"
 
-#include "MessageBoxText.h"
+#include "MessageBox.h"
 #include "PlatformText.h"
-#include "RunDialog.h"
 
-#include <QMessageBox>
 #include <QPushButton>
 
 namespace folimark {
@@ -24,8 +22,7 @@ MessageDialog::MessageDialog()
 }
 
 Ref<MessageDialogButton> MessageDialog::ShowModal() {
-    QMessageBox box;
-    SetTexts(box, message_, explanation_);
+    MessageBox box(message_, explanation_);
     box.setIcon(icon_ == kCautionIcon ? QMessageBox::Warning
                 : icon_ == kNoteIcon  ? QMessageBox::Information
                                       : QMessageBox::NoIcon);
@@ -34,7 +31,7 @@ Ref<MessageDialogButton> MessageDialog::ShowModal() {
     const QPushButton* alternate = AddButton(box, *alternate_, QMessageBox::DestructiveRole);
     box.setDefaultButton(action);
     box.setEscapeButton(cancel != nullptr ? cancel : action);
-    RunDialog(box);
+    box.Run();
     const QAbstractButton* pressed = box.clickedButton();
     if (pressed != nullptr && pressed == alternate) {
         return alternate_;

@@ -2,7 +2,9 @@
 
 #include "ClosedWidgets.h"
 #include "EventGate.h"
+#include "FrontFrame.h"
 #include "MenuBarBuilder.h"
+#include "NativeApplication.h"
 #include "PlatformText.h"
 #include "PushButton.h"
 #include "ToolkitKey.h"
@@ -99,6 +101,16 @@ WindowFrame::WindowFrame(Window& window, const WindowLayout& layout)
     });
 }
 
+void WindowFrame::MakeModal() {
+    setWindowModality(Qt::ApplicationModal);
+    RefuseToBeMinimised(*this);
+    if (QWidget* front = FrontFrame(); front != nullptr && front != this) {
+        winId(); // makes the window, without which there is nothing to be attached
+        windowHandle()->setTransientParent(front->windowHandle());
+        CentreOver(*this, *front);
+    }
+}
+
 void WindowFrame::TakeDown() {
     connect(this, &QObject::destroyed, [kept = Ref<Window>(window_)] {});
     window_ = nullptr;
@@ -125,8 +137,10 @@ void WindowFrame::BuildMenus() {
 }
 
 void WindowFrame::SetTitle(const std::string& title) {
-    // "[*]" alone would stand for a mark that the window has changes.
-    setWindowTitle(AsDisplayed(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    // Without one the window system would show the executable's name, and "[*]" alone would stand for a mark
+    // that the window has changes.
+    setWindowTitle(title.empty() ? DisplayName()
+                                 : AsDisplayed(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
 int WindowFrame::BarsHeight() const {
@@ -246,6 +260,7 @@ bool WindowFrame::event(QEvent* event) {
         if (scroller_->mapToGlobal(QPoint(0, 0)) == wanted_) {
             corrections_ = 0;
         }
+        NoteFrontFrame(*this);
         EnterApplication([this] { window_->ActivatedByUser(kToolkit); });
     }
     return QMainWindow::event(event);

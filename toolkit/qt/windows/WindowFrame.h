@@ -31,7 +31,7 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     int ContentHeight() const override;
     void SetContentHeight(int height) override;
     void SetTitle(const std::string& title) override;
-    void MakeModal() override { setWindowModality(Qt::ApplicationModal); }
+    void MakeModal() override;
     void WaitUntilTakenDown() override;
     void TakeDown() override;
 

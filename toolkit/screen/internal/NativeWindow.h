@@ -30,7 +30,8 @@ class NativeWindow {
     virtual void SetContentHeight(int height) = 0;
     virtual void SetTitle(const std::string& title) = 0;
 
-    /// From the next showing on no other window takes input.
+    /// From the next showing on no other window takes input. The window then belongs to the one in front, and
+    /// stands over its middle.
     virtual void MakeModal() = 0;
     /// Lets events in until the window is taken down. The object may have gone when it returns.
     virtual void WaitUntilTakenDown() = 0;
