@@ -13,6 +13,7 @@ Ref<FolderItem> AlbumListFile() {
 void aCatalogsWindow::Event_Activate() {
     if (Opened) {
         Opened = false;
+        TextOutputStream::RemoveLeftovers(AlbumListFile()); // No other application works on it.
         GetCatalogList(AlbumListFile());
     }
     CatalogsToolBar()->Enabled(true);

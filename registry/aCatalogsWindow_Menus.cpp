@@ -1,3 +1,4 @@
+#include "Exceptions.h"
 #include "GlobalData.h"
 #include "aCatalogsWindow.h"
 
@@ -28,7 +29,11 @@ void aCatalogsWindow::zRevealCatalogInFinder() {
     if (TheListBox()->LastIndex() < 0 || TheListBox()->ListIndex() < 0) {
         return;
     }
-    GlobalData::CatalogFolder = GetFolderItem(TheListBox()->RowTag(TheListBox()->ListIndex()));
+    const std::string line = TheListBox()->RowTag(TheListBox()->ListIndex());
+    GlobalData::CatalogFolder = GetFolderItem(line);
+    if (!GlobalData::CatalogFolder) {
+        throw IOException("A line of the list of albums is no path of a folder: “" + line + "”.");
+    }
     GlobalData::CatalogFolder->Launch(true);
     EnableCatalogButtons();
 }

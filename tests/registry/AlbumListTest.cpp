@@ -5,6 +5,7 @@
 #include "TestFolder.h"
 
 #include <filesystem>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace folimark::test {
@@ -34,8 +35,13 @@ TEST(AlbumList, RowsAreTheLinesAndLinesAreTheRows) {
         EXPECT_THROW(Click(application.Albums(), "Trash Album"), RobotFailure);
         const int rows = static_cast<int>(application.Albums()->TheListBox()->LastIndex()) + 1;
         if (rows > 0) {
-            const Answers answers{{"Trash the “" + c.last + "” album?", "Trash"}};
             ClickRow(application.Albums(), rows - 1);
+            if (c.last.empty()) { // what is no path is told of, and stays
+                const Answers told{{"IOException\n\n…", "OK"}, {"A line of the list of albums…", "OK"}};
+                Choose("File", "Reveal Album in Finder");
+                EXPECT_EQ(RunningApplication::ListFile(), c.content);
+            }
+            const Answers answers{{"Trash the “" + c.last + "” album?", "Trash"}};
             Click(application.Albums(), "Trash Album");
             EXPECT_EQ(RunningApplication::ListFile(), c.saved);
             EXPECT_EQ(application.Albums()->CatalogWindows.Ubound(), rows - 2);
@@ -43,10 +49,27 @@ TEST(AlbumList, RowsAreTheLinesAndLinesAreTheRows) {
     }
 }
 
-TEST(AlbumList, AFirstStartMakesAnEmptyFile) {
+TEST(AlbumList, AFirstStartMakesAnEmptyFileAndClearsUp) {
     const TestFolder folder;
+    folder.Write("../home/.config/.folimark-0123456789abcdef");
+    folder.Write("../home/.config/.folimark-other");
     const RunningApplication application;
-    EXPECT_EQ(std::filesystem::file_size(folder.Home() + "/.config/Folimark.Preferences"), 0U);
+    EXPECT_EQ(folder.Names("../home/.config"),
+              (std::vector<std::string>{".folimark-other", "Folimark.Preferences"}));
+    EXPECT_EQ(RunningApplication::ListFile(), "");
+}
+
+TEST(AlbumList, WithoutAPlaceForItTheApplicationStartsAllTheSame) {
+    const TestFolder folder{"a.jpg"};
+    setenv("XDG_CONFIG_HOME", folder.Path("a.jpg/below").c_str(), 1);
+    const Answers answers{{"IOException\n\n…", "OK"},
+                          {"Can't save “" + folder.Path("a.jpg") + "…", "OK"},
+                          {kFolderDialog, folder.Path()},
+                          {"IOException\n\n…", "OK"},
+                          {"Can't save “" + folder.Path("a.jpg") + "…", "OK"}};
+    const RunningApplication application;
+    Click(application.Albums(), "Create Album");
+    EXPECT_EQ(application.Labels(), "Album");
 }
 
 TEST(AlbumList, AFailedSaveIsToldAndLeavesTheFile) {
@@ -55,16 +78,19 @@ TEST(AlbumList, AFailedSaveIsToldAndLeavesTheFile) {
     RunningApplication::WriteListFile(lines);
     const RunningApplication application;
     const std::string preferences = folder.Home() + "/.config";
-    ASSERT_EQ(chmod(preferences.c_str(), 0555), 0);
+    // A file that may not grow stands for a full disk.
+    rlimit old{};
+    getrlimit(RLIMIT_FSIZE, &old);
+    const rlimit none{0, old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &none);
     {
-        const AsNobody nobody;
         const Answers answers{{"Trash the “b” album?", "Trash"},
                               {"IOException\n\n…", "OK"},
                               {"Can't save “" + preferences + "…", "OK"}};
         ClickRow(application.Albums(), 0);
         Click(application.Albums(), "Trash Album");
     }
-    ASSERT_EQ(chmod(preferences.c_str(), 0755), 0);
+    setrlimit(RLIMIT_FSIZE, &old);
     EXPECT_FALSE(IsQuitting());
     EXPECT_EQ(RunningApplication::ListFile(), lines);
     ClickRow(application.Albums(), 0);

@@ -20,6 +20,12 @@ NilObjectException::NilObjectException(const std::string& expected)
 IOException::IOException(const std::string& what, const std::string& place, int errorNumber)
     : RuntimeException(what + " “" + place + "”: " + std::strerror(errorNumber) + ".") {}
 
+IOException IOException::OfSaving(const std::string& place, int errorNumber) {
+    IOException error("Can't save", place, errorNumber);
+    error.isOfSaving_ = true;
+    return error;
+}
+
 ForeignException::ForeignException(const std::exception& foreign)
     : RuntimeException(foreign.what()), name_(ClassNameOf(typeid(foreign))) {}
 

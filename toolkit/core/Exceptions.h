@@ -55,6 +55,12 @@ class IOException : public RuntimeException {
     using RuntimeException::RuntimeException;
     /// Builds the message from what was tried, on what, and the system's error number (`errno`).
     IOException(const std::string& what, const std::string& place, int errorNumber);
+    /// A file could not be given its new content. All that has been read before is there.
+    static IOException OfSaving(const std::string& place, int errorNumber);
+    bool IsOfSaving() const { return isOfSaving_; }
+
+  private:
+    bool isOfSaving_ = false;
 };
 
 /// Ends a command quietly: its window has gone, or the application is ending. No error, and never shown.

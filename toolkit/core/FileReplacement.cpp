@@ -7,10 +7,13 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <optional>
-#include <random>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -20,6 +23,25 @@ namespace {
 
 /// As many as the system itself follows.
 constexpr int kMostLinks = 40;
+
+/// The names of the new files: this, and 16 hexadecimal digits.
+constexpr std::string_view kTemporary = ".folimark-";
+constexpr int kDigits = 16;
+
+bool IsTemporary(std::string_view name) {
+    return name.starts_with(kTemporary) && name.size() == kTemporary.size() + kDigits
+           && name.find_first_not_of("0123456789abcdef", kTemporary.size()) == std::string_view::npos;
+}
+
+/// Does the error say no more than that the file system doesn't know such a call? Then no file there has what
+/// was asked for.
+bool IsUnknownHere(int error) {
+    return error == ENOSYS || error == EOPNOTSUPP || error == EINVAL;
+}
+
+struct CloseStream {
+    void operator()(DIR* stream) const { closedir(stream); }
+};
 
 std::string FolderOf(const std::string& path) {
     return path.substr(0, path.rfind('/'));
@@ -40,14 +62,17 @@ class Replacement {
         }
     }
 
-    void OpenFolder();
+    enum class Missing : std::uint8_t { IsMade, Fails };
+    void OpenFolder(Missing folders);
     void FollowLinks();
     void CheckOldFile();
     void Write(std::string_view text);
     void TakeTheName();
+    /// Removes the new files of others that were cut short, in the folder that was reached last.
+    void RemoveLeftovers() const;
 
   private:
-    [[noreturn]] void Fail(int error) const { throw IOException("Can't save", path_, error); }
+    [[noreturn]] void Fail(int error) const { throw IOException::OfSaving(path_, error); }
     void Check(bool done) const {
         if (!done) {
             Fail(errno);
@@ -61,10 +86,10 @@ class Replacement {
     std::string temporary_; // "" when there is none to remove
 };
 
-void Replacement::OpenFolder() {
+void Replacement::OpenFolder(Missing folders) {
     const std::string folder = FolderOf(path_);
     folder_ = OpenFolderPath(folder);
-    if (!folder_ && errno == ENOENT) {
+    if (!folder_ && errno == ENOENT && folders == Missing::IsMade) {
         for (std::size_t end = 0; end != std::string::npos;) {
             end = folder.find('/', end + 1);
             Check(mkdir(folder.substr(0, end).c_str(), S_IRWXU) == 0 || errno == EEXIST);
@@ -114,10 +139,12 @@ void Replacement::CheckOldFile() {
 
 void Replacement::Write(std::string_view text) {
     Descriptor file;
-    std::random_device random;
     do {
+        std::uint64_t number = 0;
+        Check(getrandom(&number, sizeof number, 0) == ssize_t{sizeof number});
         std::array<char, 32> name{};
-        std::snprintf(name.data(), name.size(), ".folimark-%08x%08x", random(), random());
+        std::snprintf(name.data(), name.size(), "%s%0*jx", kTemporary.data(), kDigits,
+                      std::uintmax_t{number});
         file = Descriptor(
             openat(folder_.Get(), name.data(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
         temporary_ = file ? name.data() : "";
@@ -131,10 +158,10 @@ void Replacement::Write(std::string_view text) {
     }
     if (old_) {
         // Another owner can be kept by the superuser only, who must not take the file away from the user.
-        Check(fchown(file.Get(), old_->st_uid, old_->st_gid) == 0 || errno == EPERM);
-        Check(fchmod(file.Get(), old_->st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) == 0);
+        Check(fchown(file.Get(), old_->st_uid, old_->st_gid) == 0 || errno == EPERM || IsUnknownHere(errno));
+        Check(fchmod(file.Get(), old_->st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) == 0 || IsUnknownHere(errno));
     }
-    Check(fsync(file.Get()) == 0);
+    Check(fsync(file.Get()) == 0 || IsUnknownHere(errno));
     Check(file.Close() == 0);
 }
 
@@ -143,18 +170,46 @@ void Replacement::TakeTheName() {
     temporary_.clear();
     // A folder that may not be read can't be synced by us, and some file systems don't know how to.
     const Descriptor folder(openat(folder_.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    Check(!folder || fsync(folder.Get()) == 0 || errno == EINVAL);
+    Check(!folder || fsync(folder.Get()) == 0 || IsUnknownHere(errno));
+}
+
+void Replacement::RemoveLeftovers() const {
+    Descriptor folder(openat(folder_.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const std::unique_ptr<DIR, CloseStream> stream(folder ? fdopendir(folder.Get()) : nullptr);
+    if (!stream) {
+        return;
+    }
+    const int descriptor = folder.Release(); // the stream's own now
+    while (const dirent* const entry = readdir(stream.get())) {
+        struct stat status {};
+        if (IsTemporary(entry->d_name)
+            && fstatat(descriptor, entry->d_name, &status, AT_SYMLINK_NOFOLLOW) == 0
+            && S_ISREG(status.st_mode) && status.st_uid == geteuid()) {
+            unlinkat(descriptor, entry->d_name, 0);
+        }
+    }
 }
 
 } // namespace
 
 void ReplaceFile(const std::string& path, std::string_view text) {
     Replacement replacement(path);
-    replacement.OpenFolder();
+    replacement.OpenFolder(Replacement::Missing::IsMade);
     replacement.FollowLinks();
     replacement.CheckOldFile();
     replacement.Write(text);
     replacement.TakeTheName();
+}
+
+void RemoveLeftovers(const std::string& path) {
+    Replacement replacement(path);
+    try {
+        replacement.OpenFolder(Replacement::Missing::Fails);
+        replacement.RemoveLeftovers();
+        replacement.FollowLinks();
+        replacement.RemoveLeftovers();
+    } catch (const IOException&) { // NOLINT(bugprone-empty-catch): where nothing is reached nothing is left
+    }
 }
 
 } // namespace folimark

@@ -12,4 +12,8 @@ namespace folimark {
 /// unless only the last step, the syncing of the folder, failed.
 void ReplaceFile(const std::string& path, std::string_view text);
 
+/// Removes the new files that replacements of the file have left beside it, or beside what it links to, when
+/// their process was ended. Nobody may be replacing it meanwhile. What can't be removed stays.
+void RemoveLeftovers(const std::string& path);
+
 } // namespace folimark

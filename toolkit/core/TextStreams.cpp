@@ -53,6 +53,10 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& file) {
     return Ref<TextOutputStream>(new TextOutputStream(file->NativePath()));
 }
 
+void TextOutputStream::RemoveLeftovers(const Ref<FolderItem>& file) {
+    folimark::RemoveLeftovers(file->NativePath());
+}
+
 void TextOutputStream::WriteLine(std::string_view text) {
     if (closed_) {
         throw IOException("The file “" + path_ + "” is closed, and takes no further line.");

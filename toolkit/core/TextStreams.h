@@ -40,6 +40,10 @@ class TextOutputStream : public Object {
     /// `file` need not exist, nor the folders above it.
     static Ref<TextOutputStream> Create(const Ref<FolderItem>& file);
 
+    /// Removes what streams into this file have left beside it when their process was ended in the middle of
+    /// a Close. Nobody may be writing it.
+    static void RemoveLeftovers(const Ref<FolderItem>& file);
+
     /// Adds the text and a line end. Raises IOException after Close: the line could not be saved any more.
     void WriteLine(std::string_view text);
 

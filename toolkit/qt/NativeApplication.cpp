@@ -15,6 +15,8 @@
 #include <QFile>
 #include <QIcon>
 
+#include <csignal>
+
 namespace folimark {
 namespace {
 
@@ -67,6 +69,9 @@ QByteArray PluginsFor(const QByteArray& waylandDisplay, const QByteArray& xDispl
 }
 
 void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
+    // Of a file that may not grow, or a pipe that nobody reads, the failed call tells.
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGPIPE, SIG_IGN);
     static int count = 1; // The window system keeps a reference to it for as long as it lives.
     QCoreApplication::setApplicationName(ToQString(identity.desktopEntry));
     QCoreApplication::setApplicationVersion(ToQString(identity.version));

@@ -28,12 +28,12 @@ bool Tell(const RuntimeException& error) {
 }
 
 void LastResort(const RuntimeException& error, Phase phase) {
-    const bool failedInput = dynamic_cast<const IOException*>(&error) != nullptr;
-    bool goesOn = failedInput && phase == Phase::Running;
+    const auto* const failed = dynamic_cast<const IOException*>(&error);
+    bool goesOn = failed != nullptr && (phase == Phase::Running || failed->IsOfSaving());
     const bool wasClosed = std::exchange(closed, !goesOn);
     try {
         goesOn = Tell(error) || goesOn;
-        if (failedInput) {
+        if (failed != nullptr) {
             MsgBox(error.Message());
         }
     } catch (...) { // A handler of last resort that fails has nobody left to tell.

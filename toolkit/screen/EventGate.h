@@ -11,8 +11,8 @@ namespace folimark {
 /// that handler tells of such an exception, nor once the application is ending.
 void EnterApplication(const std::function<void()>& handler);
 
-/// Runs `start`, the application's first event, like any other, but for one thing: a failed input or output
-/// ends the application too, so that it never works with half of what it should have read.
+/// Runs `start`, the application's first event, like any other, but for one thing: a failed input ends the
+/// application too, so that it never works with half of what it should have read.
 void StartApplication(const std::function<void()>& start);
 
 /// Is an event being handled, be it the one that the caller is part of?
