@@ -72,7 +72,6 @@ TestFolder::TestFolder(std::initializer_list<std::string> files)
 TestFolder::~TestFolder() {
     SetVariable("HOME", oldHome_);
     SetVariable("XDG_CONFIG_HOME", oldPreferences_);
-    DropFolderCache(); // a folder that is open makes the removal of those above it slow
     try {
         RemoveTree(root_);
     } catch (const std::exception& error) {

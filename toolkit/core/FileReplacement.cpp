@@ -2,7 +2,7 @@
 
 #include "Descriptor.h"
 #include "Exceptions.h"
-#include "Place.h"
+#include "NativePath.h"
 
 #include <array>
 #include <cerrno>
@@ -43,17 +43,10 @@ struct CloseStream {
     void operator()(DIR* stream) const { closedir(stream); }
 };
 
-std::string FolderOf(const std::string& path) {
-    return path.substr(0, path.rfind('/'));
-}
-std::string NameOf(const std::string& path) {
-    return path.substr(path.rfind('/') + 1);
-}
-
 /// One replacement, with its steps in the order in which they are taken.
 class Replacement {
   public:
-    explicit Replacement(const std::string& path) : path_(path), name_(NameOf(path)) {}
+    explicit Replacement(const std::string& path) : path_(path), name_(NameOfPath(path)) {}
     Replacement(const Replacement&) = delete;
     Replacement& operator=(const Replacement&) = delete;
     ~Replacement() {
@@ -87,14 +80,14 @@ class Replacement {
 };
 
 void Replacement::OpenFolder(Missing folders) {
-    const std::string folder = FolderOf(path_);
-    folder_ = OpenFolderPath(folder);
+    const std::string folder = FolderOfPath(path_);
+    folder_ = OpenFolderPath(folder, O_PATH);
     if (!folder_ && errno == ENOENT && folders == Missing::IsMade) {
         for (std::size_t end = 0; end != std::string::npos;) {
             end = folder.find('/', end + 1);
             Check(mkdir(folder.substr(0, end).c_str(), S_IRWXU) == 0 || errno == EEXIST);
         }
-        folder_ = OpenFolderPath(folder);
+        folder_ = OpenFolderPath(folder, O_PATH);
     }
     Check(static_cast<bool>(folder_));
 }
@@ -111,12 +104,12 @@ void Replacement::FollowLinks() {
             Fail(ELOOP);
         }
         const std::string path(target.data(), static_cast<std::size_t>(length));
-        name_ = NameOf(path);
+        name_ = NameOfPath(path);
         if (name_.empty() || name_ == "." || name_ == "..") {
             Fail(EISDIR);
         }
         if (path.find('/') != std::string::npos) {
-            const std::string folder = FolderOf(path) + "/";
+            const std::string folder = FolderOfPath(path) + "/";
             folder_ = Descriptor(openat(folder_.Get(), folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
             Check(static_cast<bool>(folder_));
         }

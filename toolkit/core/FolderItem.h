@@ -1,11 +1,13 @@
 #pragma once
 
 #include "Date.h"
+#include "FileStatus.h"
 #include "Object.h"
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,8 +15,7 @@ namespace folimark {
 
 class Descriptor;
 class FolderListing;
-class Place;
-enum class EntryKind : std::uint8_t;
+class FolderPath;
 
 /// A reference to a place in the file system, which may or may not exist. It keeps no file open.
 ///
@@ -45,7 +46,7 @@ class FolderItem : public Object {
     /// false for one that is empty or gone.
     bool Unreadable() const;
 
-    bool Exists() const;
+    virtual bool Exists() const = 0;
     /// True if nothing is there, as far as the system can tell. Of a place that it can't reach (no permission
     /// on the way, a broken disk, a lost connection) neither Exists nor Gone is true.
     bool Gone() const;
@@ -53,11 +54,11 @@ class FolderItem : public Object {
     bool Unknown() const;
     /// False for what the desktop's file browser hides: names with a leading dot, and those that stand in the
     /// file ".hidden" of their folder.
-    bool Visible() const;
-    bool Directory() const;
+    virtual bool Visible() const = 0;
+    virtual bool Directory() const = 0;
     /// The registered type of a regular file, and of what is none as far as the system can tell; "" if there
     /// is none, and for all else.
-    std::string Type() const;
+    virtual std::string Type() const = 0;
     /// The size of a regular file in bytes; 0 for all else.
     std::uint64_t Length() const;
     /// Nil if the file system doesn't keep it, or nothing is there.
@@ -66,7 +67,7 @@ class FolderItem : public Object {
 
     /// The path in the colon form (ColonPath.h). A folder's ends in ":"; what doesn't exist keeps the end
     /// that it was asked for with.
-    std::string AbsolutePath() const;
+    virtual std::string AbsolutePath() const = 0;
     /// The path as the system takes it: absolute, without a final "/" but for the root, and not
     /// always UTF-8.
     std::string NativePath() const;
@@ -79,25 +80,27 @@ class FolderItem : public Object {
     /// and that comes to the front. Doesn't wait, and reports nothing back.
     void Launch(bool activate) const;
 
+  protected:
+    FolderItem();
+    explicit FolderItem(const FileStatus& status);
+
+    /// The native path; "" for the root.
+    virtual std::string Path() const = 0;
+    /// The way to this item as the folder of others.
+    virtual FolderPath WayInside() const = 0;
+
+    const FileStatus& AskAgain() const;
+    /// What the system said last; asks if it hasn't been asked.
+    const FileStatus& LastStatus() const;
+    bool WasAsked() const { return status_.has_value(); }
+    /// Is it a regular file, or something of which the system can't tell?
+    bool MayBeFile() const;
+
   private:
-    struct Status;
-    friend Ref<FolderItem> GetFolderItem(std::string_view path, int pathType);
+    const FolderListing& Entries() const;
 
-    FolderItem(std::shared_ptr<const Place> folder, std::string name, EntryKind kind);
-
-    const std::shared_ptr<const Place>& OwnPlace() const;
-    const FolderListing& Listing() const;
-    const Status& LastStatus() const;
-    void AskStatus() const;
-
-    std::shared_ptr<const Place> folder_; // null for the root of the volume
-    std::string name_;                    // bytes; "" for the root
-    EntryKind kind_;
-    bool hidden_ = false;      // of a listed item
-    bool namedFolder_ = false; // a named item was asked for with a final ":"
-    mutable std::unique_ptr<Status> status_;
-    mutable std::unique_ptr<FolderListing> listing_;
-    mutable std::shared_ptr<const Place> place_; // this item as the folder of others
+    mutable std::optional<FileStatus> status_;
+    mutable std::shared_ptr<const FolderListing> entries_;
 };
 
 /// The item at a path in the colon form; path type 0 is that form, and there is no other. Nil if the path
@@ -116,10 +119,5 @@ Ref<FolderItem> Preferences();
 /// What Launch calls, with the native path; null brings back the default, which starts the desktop's
 /// "xdg-open".
 void SetLaunchHandler(std::function<void(const std::string& nativePath)> handler);
-
-/// The folder that was asked last stays open, so that its files are found without looking up the whole path
-/// again. This closes it. Every real yield does so: no folder stays open while the application is idle, and
-/// none is taken for what has its name by now.
-void DropFolderCache();
 
 } // namespace folimark

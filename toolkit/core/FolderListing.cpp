@@ -1,15 +1,12 @@
 #include "FolderListing.h"
 
-#include "Descriptor.h"
-#include "Place.h"
-#include "Text.h"
+#include "FileStatus.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
-#include <memory>
-#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -19,35 +16,8 @@ namespace {
 
 constexpr const char* kHiddenFile = ".hidden";
 constexpr std::size_t kLargestHiddenFile = std::size_t{64} * 1024;
-
-struct CloseStream {
-    void operator()(DIR* stream) const { closedir(stream); }
-};
-
-/// Nothing if the system can't tell.
-std::optional<EntryKind> KindOf(const dirent& entry, int folder) {
-    switch (entry.d_type) {
-    case DT_REG:
-        return EntryKind::File;
-    case DT_DIR:
-        return EntryKind::Folder;
-    case DT_LNK:
-        return EntryKind::Link;
-    case DT_UNKNOWN:
-        break;
-    default:
-        return EntryKind::Other;
-    }
-    // Some file systems don't say it in the entry.
-    struct stat status {};
-    if (fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
-        return errno == ENOENT ? std::optional(EntryKind::Other) : std::nullopt;
-    }
-    return S_ISREG(status.st_mode)   ? EntryKind::File
-           : S_ISDIR(status.st_mode) ? EntryKind::Folder
-           : S_ISLNK(status.st_mode) ? EntryKind::Link
-                                     : EntryKind::Other;
-}
+/// Bytes of entries that are asked for at once; those of some 500 files.
+constexpr std::size_t kEntriesAtOnce = std::size_t{32} * 1024;
 
 } // namespace
 
@@ -79,48 +49,65 @@ std::unordered_set<std::string> HiddenNames(int folder) {
     return names;
 }
 
-FolderListing::FolderListing(const std::shared_ptr<const Place>& place) {
-    Descriptor folder(WithFolder(
-        place, [](int descriptor) { return openat(descriptor, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+FolderListing::FolderListing(FolderPath path, const Descriptor& folder) : path_(std::move(path)) {
     if (folder) {
-        Read(std::move(folder));
+        Read(folder.Get());
     } else {
-        unreadable_ = errno != ENOENT && errno != ENOTDIR;
+        unreadable_ = !MeansGone(errno);
     }
 }
 
-void FolderListing::Read(Descriptor folder) {
-    const std::unique_ptr<DIR, CloseStream> stream(fdopendir(folder.Get()));
-    if (!stream) {
-        unreadable_ = true;
-        return;
-    }
-    const int descriptor = folder.Release(); // the stream's own now
+void FolderListing::Read(int folder) {
+    // Straight from the system: the C library's streams ask for the folder's status and for memory each time.
+    alignas(dirent64) std::array<char, kEntriesAtOnce> buffer;
     bool hasHiddenFile = false;
-    for (;;) {
-        errno = 0;
-        const dirent* const entry = readdir(stream.get());
-        if (entry == nullptr) {
-            unreadable_ = unreadable_ || errno != 0;
-            break;
+    ssize_t size = 0;
+    while ((size = getdents64(folder, buffer.data(), buffer.size())) > 0) {
+        for (ssize_t at = 0; at < size;) {
+            const auto* const entry = reinterpret_cast<const dirent64*>(buffer.data() + at);
+            at += entry->d_reclen;
+            const std::string_view name(entry->d_name);
+            if (name == "." || name == "..") {
+                continue;
+            }
+            hasHiddenFile = hasHiddenFile || name == kHiddenFile;
+            entries_.push_back({entry->d_ino, names_.size(), KindOf(entry->d_type, entry->d_name, folder),
+                                name.starts_with('.')});
+            names_.append(name) += '\0';
         }
-        const std::string_view name(entry->d_name);
-        if (name == "." || name == "..") {
-            continue;
-        }
-        hasHiddenFile = hasHiddenFile || name == kHiddenFile;
-        const std::optional<EntryKind> kind = KindOf(*entry, descriptor);
-        unreadable_ = unreadable_ || !kind;
-        entries_.push_back(
-            {entry->d_ino, names_.size(), kind.value_or(EntryKind::Other), name.starts_with('.')});
-        names_.append(name) += '\0';
     }
+    unreadable_ = unreadable_ || size < 0;
     // Rotating disks give the files' status far faster in the order in which it lies on them.
     std::sort(entries_.begin(), entries_.end(),
               [](const Entry& left, const Entry& right) { return left.inode < right.inode; });
     if (hasHiddenFile) {
-        HideNamed(HiddenNames(descriptor));
+        HideNamed(HiddenNames(folder));
     }
+}
+
+EntryKind FolderListing::KindOf(unsigned char type, const char* name, int folder) {
+    switch (type) {
+    case DT_REG:
+        return EntryKind::File;
+    case DT_DIR:
+        return EntryKind::Folder;
+    case DT_LNK:
+        return EntryKind::Link;
+    case DT_UNKNOWN:
+        break;
+    default:
+        return EntryKind::Other;
+    }
+    // Some file systems don't say it in the entry.
+    struct stat status {};
+    if (fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW) != 0) {
+        unreadable_ = unreadable_ || !MeansGone(errno);
+        return EntryKind::Other;
+    }
+    return S_ISREG(status.st_mode)   ? EntryKind::File
+           : S_ISDIR(status.st_mode) ? EntryKind::Folder
+           : S_ISLNK(status.st_mode) ? EntryKind::Link
+                                     : EntryKind::Other;
 }
 
 void FolderListing::HideNamed(const std::unordered_set<std::string>& hiddenNames) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "FolderPath.h"
+
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -9,19 +10,19 @@
 
 namespace folimark {
 
-class Descriptor;
-class Place;
-
-/// What an item was known to be when it was made. A link isn't followed here.
-enum class EntryKind : std::uint8_t { Named, File, Folder, Link, Other };
+/// What a folder's entry says of itself. A link isn't followed here.
+enum class EntryKind : std::uint8_t { File, Folder, Link, Other };
 
 /// The entries of a folder as they were when it was read, "." and ".." left out. Indexes count from 0.
+/// Nothing in it changes any more, so threads may share it.
 class FolderListing {
   public:
-    /// Reads the folder; without entries if there is no folder or it can't be read.
-    explicit FolderListing(const std::shared_ptr<const Place>& place);
+    /// Reads the folder from the start. `folder` has been opened for that; if it is none, errno says why.
+    FolderListing(FolderPath path, const Descriptor& folder);
 
+    const FolderPath& Path() const { return path_; }
     std::size_t Count() const { return entries_.size(); }
+    /// Ends in a NUL.
     std::string_view Name(std::size_t index) const { return names_.data() + entries_[index].name; }
     EntryKind Kind(std::size_t index) const { return entries_[index].kind; }
     bool Hidden(std::size_t index) const { return entries_[index].hidden; }
@@ -36,9 +37,11 @@ class FolderListing {
         bool hidden;
     };
 
-    void Read(Descriptor folder);
+    void Read(int folder);
+    EntryKind KindOf(unsigned char type, const char* name, int folder);
     void HideNamed(const std::unordered_set<std::string>& hiddenNames);
 
+    FolderPath path_;
     std::vector<Entry> entries_;
     std::string names_;
     bool unreadable_ = false;

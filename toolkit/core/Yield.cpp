@@ -1,6 +1,6 @@
 #include "Yield.h"
 
-#include "FolderItem.h"
+#include "ListedItem.h"
 
 #include <chrono>
 #include <utility>
@@ -42,7 +42,7 @@ void RuntimeBackgroundTask() {
         return;
     }
     due = false;
-    DropFolderCache();
+    ListedItem::Walked(nullptr);
     const YieldEnd end;
     const std::function<void()> handler = Handler(); // it may be replaced while it runs
     handler();

@@ -2,7 +2,6 @@
 
 #include "Application.h"
 #include "Exceptions.h"
-#include "FolderItem.h"
 #include "MsgBox.h"
 
 #include <utility>
@@ -59,7 +58,6 @@ void Guarded(const std::function<void()>& handler, Phase phase) {
     } catch (...) { // Not even words for it are left.
         Quit(1);
     }
-    DropFolderCache();
     --depth;
 }
 
@@ -80,7 +78,6 @@ bool IsHandlingEvent() {
 }
 
 void LetEventsIn(const std::function<void()>& loop) {
-    DropFolderCache();
     loop();
     if (IsQuitting()) {
         throw EndException();
