@@ -4,6 +4,7 @@
 #include "ListedItem.h"
 #include "NamedItem.h"
 #include "NativePath.h"
+#include "RegularFile.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -94,22 +95,7 @@ std::string FolderItem::NativePath() const {
 }
 
 Descriptor FolderItem::OpenForReading() const {
-    return Descriptor(AtNativePath(Path(), [](int folder, const char* name) {
-        // Even to open a pipe or a device can have effects, so the kind is asked first, and once more of what
-        // was opened then.
-        struct stat status {};
-        if (fstatat(folder, name, &status, 0) != 0) {
-            return -1;
-        }
-        if (S_ISREG(status.st_mode)) {
-            Descriptor file(openat(folder, name, O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-            if (!file || (fstat(file.Get(), &status) == 0 && S_ISREG(status.st_mode))) {
-                return file.Release();
-            }
-        }
-        errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
-        return -1;
-    }));
+    return OpenRegularFile(Path());
 }
 
 } // namespace folimark

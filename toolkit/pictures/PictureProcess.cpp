@@ -1,5 +1,6 @@
 #include "PictureProcess.h"
 
+#include "PatientFile.h"
 #include "PictureProtocol.h"
 #include "PictureWorker.h"
 
@@ -7,7 +8,6 @@
 #include <cstddef>
 #include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/stat.h>
 #include <utility>
 
 namespace folimark {
@@ -20,15 +20,10 @@ PictureWorker& TheWorker() {
     return worker;
 }
 
-bool IsRegularFile(int file) {
-    struct stat status {};
-    return fstat(file, &status) == 0 && S_ISREG(status.st_mode);
-}
-
-/// Memory for the largest answer, whose size nobody can change any more; no descriptor if there is none.
-Descriptor NewSharedMemory() {
+/// Memory for so many pixels, whose size nobody can change any more; no descriptor if there is none.
+Descriptor NewSharedMemory(std::int64_t pixels) {
     Descriptor memory(memfd_create("folimark-picture", MFD_CLOEXEC | MFD_ALLOW_SEALING));
-    if (memory && ftruncate(memory.Get(), kMostPixels * off_t{sizeof(std::uint32_t)}) == 0
+    if (memory && ftruncate(memory.Get(), pixels * off_t{sizeof(std::uint32_t)}) == 0
         && fcntl(memory.Get(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW) == 0) {
         return memory;
     }
@@ -49,28 +44,32 @@ std::shared_ptr<const std::uint32_t> TakePixels(const Descriptor& memory, std::s
             [place, length](const std::uint32_t*) { munmap(place, length); }};
 }
 
-bool IsSound(const PictureAnswer& answer) {
-    return answer.pictureWidth > 0 && answer.pictureHeight > 0 && answer.width > 0 && answer.height > 0
-           && std::int64_t{answer.width} * answer.height <= kMostPixels;
+bool IsSound(const PictureAnswer& answer, std::int64_t mostPixels) {
+    const auto isSide = [](std::int32_t length) { return length > 0 && length <= kLongestSide; };
+    return isSide(answer.pictureWidth) && isSide(answer.pictureHeight) && isSide(answer.width)
+           && isSide(answer.height) && std::int64_t{answer.width} * answer.height <= mostPixels;
 }
 
 } // namespace
 
-std::optional<DecodedPicture> ReadPicture(int file, std::string_view type, int wantedWidth,
+std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
                                           int wantedHeight) {
     PictureRequest request;
-    if (!IsRegularFile(file) || type.size() >= request.type.size()) {
+    if (type.size() >= request.type.size()) {
         return std::nullopt;
     }
     std::copy(type.begin(), type.end(), request.type.begin());
     request.wantedWidth = wantedWidth;
     request.wantedHeight = wantedHeight;
-    const Descriptor memory = NewSharedMemory();
-    if (!memory) {
+    const Descriptor memory = NewSharedMemory(MostPixels(request));
+    const auto end = PictureWorker::Clock::now() + kPatience;
+    PatientFile file(path);
+    const int descriptor = file.Wait(end);
+    if (!memory || descriptor < 0) {
         return std::nullopt;
     }
-    const std::optional<PictureAnswer> answer = TheWorker().Ask(request, {file, memory.Get()}, kPatience);
-    if (!answer || !IsSound(*answer)) {
+    const std::optional<PictureAnswer> answer = TheWorker().Ask(request, {descriptor, memory.Get()}, end);
+    if (!answer || !IsSound(*answer, MostPixels(request))) {
         return std::nullopt;
     }
     DecodedPicture picture{answer->pictureWidth, answer->pictureHeight, answer->width, answer->height,

@@ -25,16 +25,18 @@ struct DecodedPicture {
 /// Reads an image or a PDF file's first page in a process of its own, which is started at the first call and
 /// again when it has died; a decoder that crashes takes nothing else with it.
 ///
-/// `file` is a descriptor of a regular file, open for reading, which stays the caller's. `type` is a name of
-/// the file type table, such as "image/jpeg" or "book/pdf"; a file that holds another of these types than its
+/// `path` is the native, absolute path of a regular file. `type` is a name of the file type table, such as
+/// "image/jpeg" or "book/pdf"; a file that holds another of these types than its
 /// name says is read as what it is. The wanted size, in device pixels, is that of the box in which the
 /// picture will be drawn: its longer side (the height, if it is a square) is made as long as that side of the
 /// box. An image is never enlarged, a page is. A wanted width or height of 0 asks for the own size. In each
 /// case a picture has 2^26 pixels at most, and is made smaller if it would have more.
 ///
-/// Gives nothing if the file can't be read, or reading it takes more than five seconds or more than 1.5 GiB.
-/// Waits for the answer; the caller's thread is the only one that may use the picture process.
-std::optional<DecodedPicture> ReadPicture(int file, std::string_view type, int wantedWidth, int wantedHeight);
+/// Gives nothing if the file can't be read, or opening and reading it take more than five seconds or more
+/// than 1.5 GiB, and never waits longer, whatever the file lies on. Waits for the answer; the caller's thread
+/// is the only one that may use the picture process.
+std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
+                                          int wantedHeight);
 
 /// Ends the picture process, if it runs. Pictures that were read stay valid.
 void EndPictureProcess();

@@ -1,5 +1,6 @@
 #include "PictureProtocol.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -21,6 +22,12 @@ struct Message {
 };
 
 } // namespace
+
+std::int64_t MostPixels(const PictureRequest& request) {
+    const std::int64_t side = std::max(request.wantedWidth, request.wantedHeight);
+    const bool isOwnSize = request.wantedWidth <= 0 || request.wantedHeight <= 0;
+    return isOwnSize || side > kLongestSide ? kMostPixels : std::min(kMostPixels, side * side);
+}
 
 bool SendRequest(int socket, const PictureRequest& request,
                  const std::array<int, kRequestDescriptors>& descriptors) {

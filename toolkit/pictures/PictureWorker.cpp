@@ -1,18 +1,28 @@
 #include "PictureWorker.h"
 
+#include "Landlock.h"
+
 #include <cerrno>
 #include <climits>
-#include <csignal>
-#include <fcntl.h>
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
 #include <poll.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 
 namespace folimark {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Clock = PictureWorker::Clock;
+
+// What a process may keep after an answer, and how many answers it gives.
+constexpr std::int64_t kMostResident = std::int64_t{192} << 20; // bytes
+constexpr int kMostAnswers = 500;
+
+/// A large picture takes a second or two; those that take more are broken off before this.
+constexpr rlim_t kMostSeconds = 120;
+/// The system counts all of the user's threads together. A desktop has two thousand.
+constexpr rlim_t kMostThreads = 16'384;
 
 std::string DefaultExecutable() {
     std::array<char, PATH_MAX> own{};
@@ -21,20 +31,34 @@ std::string DefaultExecutable() {
     return path.substr(0, path.rfind('/') + 1) + "folimark-pictures";
 }
 
-/// Sets the limits from outside, so that they hold for whatever was started, before it sees a file.
-void Limit(pid_t process) {
-    const auto set = [process](__rlimit_resource resource, rlim_t most) {
-        const rlimit limit{most, most};
-        prlimit(process, resource, &limit, nullptr);
-    };
-    set(RLIMIT_CORE, 0);
-    set(RLIMIT_NOFILE, 128);
-    // AddressSanitizer reserves terabytes, and writes its reports to files.
-#ifndef __SANITIZE_ADDRESS__
+ChildStart StartOf(std::string executable, int socket) {
+    ChildStart start{{std::move(executable)}, std::vector<std::string>(), socket, false, {}};
+    start.limits = {
+        {RLIMIT_CORE, 0}, {RLIMIT_NOFILE, 128}, {RLIMIT_CPU, kMostSeconds}, {RLIMIT_NPROC, kMostThreads}};
+#ifdef __SANITIZE_ADDRESS__
+    // AddressSanitizer reserves terabytes, and has something to say.
+    start.keepsErrorOutput = true;
+    for (const char* name : {"ASAN_OPTIONS", "UBSAN_OPTIONS"}) {
+        if (const char* value = std::getenv(name)) {
+            start.environment->push_back(std::string(name) + "=" + value);
+        }
+    }
+#else
     // A library's temporary files can't fill the disk; shared memory isn't written but mapped.
-    set(RLIMIT_FSIZE, 0);
-    set(RLIMIT_DATA, rlim_t{3} << 29); // 1.5 GiB
+    start.limits.push_back({RLIMIT_FSIZE, 0});
+    start.limits.push_back({RLIMIT_DATA, rlim_t{3} << 29}); // 1.5 GiB
 #endif
+    return start;
+}
+
+/// Once a run, for whoever looks into the journal.
+void TellOfMissingWall() {
+    static const bool isThere = LandlockVersion() > 0;
+    static const bool told =
+        !isThere
+        && (std::clog << "folimark: This kernel has no Landlock. What reads pictures could "
+                         "read other files, too, but not send them anywhere.\n");
+    static_cast<void>(told);
 }
 
 /// Waits until `socket` has something to read, or has been closed by the other side.
@@ -49,6 +73,14 @@ bool WaitFor(int socket, Clock::time_point end) {
     }
 }
 
+/// In bytes; 0 if that can't be told.
+std::int64_t ResidentMemoryOf(pid_t process) {
+    std::ifstream file("/proc/" + std::to_string(process) + "/statm");
+    std::int64_t all = 0;
+    std::int64_t resident = 0;
+    return file >> all >> resident ? resident * sysconf(_SC_PAGESIZE) : 0;
+}
+
 } // namespace
 
 bool PictureWorker::Start() {
@@ -58,56 +90,38 @@ bool PictureWorker::Start() {
     }
     Descriptor ours(pair[0]);
     const Descriptor theirs(pair[1]);
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, theirs.Get(), kPictureSocket);
-    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addclosefrom_np(&actions, kPictureSocket + 1);
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    sigset_t signals;
-    sigemptyset(&signals);
-    posix_spawnattr_setsigmask(&attributes, &signals);
-    sigfillset(&signals);
-    posix_spawnattr_setsigdefault(&attributes, &signals);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-
-    std::string path = executable_.empty() ? DefaultExecutable() : executable_;
-    const std::array<char*, 2> arguments{path.data(), nullptr};
-    const int failure =
-        posix_spawn(&process_, path.c_str(), &actions, &attributes, arguments.data(), environ);
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&actions);
-    if (failure != 0) {
-        process_ = -1;
-        return false;
+    TellOfMissingWall();
+    process_ = StartChild(StartOf(executable_.empty() ? DefaultExecutable() : executable_, theirs.Get()));
+    if (process_) {
+        socket_ = std::move(ours);
+        answers_ = 0;
     }
-    Limit(process_);
-    socket_ = std::move(ours);
-    return true;
+    return process_.has_value();
 }
 
 void PictureWorker::End() {
-    if (process_ > 0) {
-        kill(process_, SIGKILL);
-        while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
-        }
+    if (process_) {
+        process_->Kill();
     }
-    process_ = -1;
+    process_.reset();
     socket_ = Descriptor();
 }
 
 /// It runs, and hasn't said a word that nobody asked for.
 bool PictureWorker::IsQuiet() const {
-    return process_ > 0 && !WaitFor(socket_.Get(), Clock::now());
+    return process_ && !WaitFor(socket_.Get(), Clock::now());
 }
 
-std::optional<PictureAnswer> PictureWorker::Ask(const PictureRequest& request,
+/// The largest picture that it has read may still take up its memory, and what a file has done to it unseen
+/// goes with it.
+bool PictureWorker::IsWorn() const {
+    return answers_ >= kMostAnswers || ResidentMemoryOf(process_->id) > kMostResident;
+}
+
+std::optional<PictureAnswer> PictureWorker::Ask(PictureRequest request,
                                                 const std::array<int, kRequestDescriptors>& descriptors,
-                                                std::chrono::milliseconds patience) {
-    const auto end = Clock::now() + patience;
+                                                Clock::time_point end) {
+    request.number = ++questions_;
     // A process that dies of a question may have been dying before (the system's memory ran out, say), so a
     // fresh one gets the question too. One that takes too long has no such excuse.
     for (bool isFresh = false; !isFresh;) {
@@ -124,7 +138,13 @@ std::optional<PictureAnswer> PictureWorker::Ask(const PictureRequest& request,
                 break;
             }
             if (recv(socket_.Get(), &answer, sizeof answer, MSG_DONTWAIT | MSG_TRUNC)
-                == ssize_t{sizeof answer}) {
+                    == ssize_t{sizeof answer}
+                && answer.number == request.number) {
+                ++answers_;
+                if (IsWorn()) { // the next one is ready by the next question
+                    End();
+                    Start();
+                }
                 return answer;
             }
         }

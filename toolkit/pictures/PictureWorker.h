@@ -1,19 +1,22 @@
 #pragma once
 
+#include "ChildProcess.h"
 #include "PictureProtocol.h"
 
 #include <array>
 #include <chrono>
 #include <optional>
 #include <string>
-#include <sys/types.h>
 
 namespace folimark {
 
 /// The picture process as the application sees it: a child that is started when a question comes up, answers
-/// one question after the other, and is ended, for a new one to take its place, as soon as it fails at one.
+/// one question after the other, and is ended, for a new one to take its place, as soon as it fails at one,
+/// has grown, or has answered many.
 class PictureWorker {
   public:
+    using Clock = std::chrono::steady_clock;
+
     PictureWorker() = default;
     PictureWorker(const PictureWorker&) = delete;
     PictureWorker& operator=(const PictureWorker&) = delete;
@@ -22,21 +25,25 @@ class PictureWorker {
     /// See SetPictureProcessExecutable.
     void SetExecutable(std::string path) { executable_ = std::move(path); }
 
-    /// Puts one question. Nothing if there is no answer within `patience`.
-    std::optional<PictureAnswer> Ask(const PictureRequest& request,
+    /// Puts one question. Nothing if there is no answer at `end`.
+    std::optional<PictureAnswer> Ask(PictureRequest request,
                                      const std::array<int, kRequestDescriptors>& descriptors,
-                                     std::chrono::milliseconds patience);
+                                     Clock::time_point end);
 
-    /// Ends the process and waits until it is gone. It holds nothing that would be lost.
+    /// Ends the process, which holds nothing that would be lost, and doesn't wait until it has gone: one that
+    /// reads from a mount that doesn't answer can't be killed before that does.
     void End();
 
   private:
     bool Start();
     bool IsQuiet() const;
+    bool IsWorn() const;
 
     std::string executable_;
-    pid_t process_ = -1;
+    std::optional<ChildProcess> process_;
     Descriptor socket_;
+    int answers_ = 0; // of this process
+    std::uint32_t questions_ = 0;
 };
 
 } // namespace folimark

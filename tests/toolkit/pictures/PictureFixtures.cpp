@@ -39,7 +39,8 @@ Descriptor FileWith(const std::string& content) {
 }
 
 std::optional<DecodedPicture> Read(const std::string& content, std::string_view type, int width, int height) {
-    return ReadPicture(FileWith(content).Get(), type, width, height);
+    const Descriptor file = FileWith(content);
+    return ReadPicture("/proc/self/fd/" + std::to_string(file.Get()), type, width, height);
 }
 
 std::string Quarters(const std::optional<DecodedPicture>& picture) {

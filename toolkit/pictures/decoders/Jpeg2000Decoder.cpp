@@ -86,7 +86,7 @@ std::optional<Pixels> DecodeJpeg2000(Bytes file, Size wanted) {
         return std::nullopt;
     }
     opj_decoder_set_strict_mode(codec.get(), OPJ_FALSE); // what is cut off is shown as far as it goes
-    opj_codec_set_threads(codec.get(), 2);
+    opj_codec_set_threads(codec.get(), 1);
     if (opj_read_header(stream.get(), codec.get(), &head) == OPJ_FALSE) {
         return std::nullopt;
     }

@@ -1,5 +1,5 @@
 #include "Confinement.h"
-#include "Decoders.h"
+#include "PictureFormat.h"
 #include "PictureProtocol.h"
 
 #include <csignal>
@@ -9,6 +9,8 @@
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+
+#include <magick/magick-baseconfig.h>
 
 namespace folimark {
 namespace {
@@ -53,6 +55,10 @@ std::optional<Pixels> Decode(int file, const PictureRequest& request) {
 
 bool CopyTo(int memory, const std::vector<std::uint32_t>& argb) {
     const std::size_t length = argb.size() * sizeof argb[0];
+    struct stat status {};
+    if (fstat(memory, &status) != 0 || static_cast<std::size_t>(status.st_size) < length) {
+        return false;
+    }
     const Mapping target(memory, length, PROT_READ | PROT_WRITE, MAP_SHARED);
     if (target) {
         std::memcpy(target.Place(), argb.data(), length);
@@ -73,12 +79,10 @@ PictureAnswer AnswerTo(const PictureRequest& request, int file, int memory) {
 }
 
 void Settle() {
-    ConfineThisProcess();
+    // The libraries' own files, and what ImageMagick is told to do with its own.
+    const std::array<std::string, 2> readable{"/usr", MAGICKCORE_CONFIGURE_PATH};
+    ConfineThisProcess(readable);
     signal(SIGXFSZ, SIG_IGN); // a file that may not be written is an error for its writer, no reason to die
-#ifndef __SANITIZE_ADDRESS__
-    // What the libraries have to say about damaged files is of no use to the user's terminal or journal.
-    dup2(STDOUT_FILENO, STDERR_FILENO);
-#endif
 }
 
 int Serve() {
@@ -88,7 +92,8 @@ int Serve() {
         if (!ReceiveRequest(kPictureSocket, request, descriptors)) {
             return EXIT_SUCCESS;
         }
-        const PictureAnswer answer = AnswerTo(request, descriptors[0].Get(), descriptors[1].Get());
+        PictureAnswer answer = AnswerTo(request, descriptors[0].Get(), descriptors[1].Get());
+        answer.number = request.number;
         if (send(kPictureSocket, &answer, sizeof answer, MSG_NOSIGNAL) != ssize_t{sizeof answer}) {
             return EXIT_FAILURE;
         }

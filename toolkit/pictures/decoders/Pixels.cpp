@@ -4,8 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace folimark {
+
+bool IsPlain(const Pixels& pixels) {
+    return pixels.argb.size() > 1
+           && std::ranges::adjacent_find(pixels.argb, std::not_equal_to()) == pixels.argb.end();
+}
 
 Size SizeFor(Size picture, Size wanted, bool mayEnlarge) {
     const double width = picture.width;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <vector>
 
 namespace folimark {
@@ -22,6 +23,9 @@ struct Pixels {
     std::vector<std::uint32_t> argb;
 };
 
+/// Whether one colour covers all of it, if there is more than one pixel.
+bool IsPlain(const Pixels& pixels);
+
 /// A picture as the simpler formats hold it: 8-bit samples, row by row without gaps. One sample a pixel is
 /// grey, three are red, green and blue, four CMYK if `isCmyk`; two and otherwise four end with the opacity.
 struct Samples {
@@ -31,6 +35,12 @@ struct Samples {
     bool isCmyk = false;
     Bytes profile; // an ICC profile; empty for sRGB
     std::vector<std::uint8_t> bytes;
+};
+
+/// The header shows that reading the picture would take too long: no other decoder needs to try.
+class PictureTooLarge : public std::runtime_error {
+  public:
+    PictureTooLarge() : std::runtime_error("the picture is too large") {}
 };
 
 /// The size in which to decode a picture for a box of the size `wanted`, as ReadPicture promises it.

@@ -1,6 +1,7 @@
 #include "BigEndian.h"
 #include "Decoders.h"
 #include "ImageDescription.h"
+#include "PictureFormat.h"
 #include "Vips.h"
 
 namespace folimark {
@@ -44,9 +45,8 @@ Atoms ReadAtoms(Bytes file) {
 
 std::optional<Pixels> DecodeQuickTimeImage(Bytes file, Size wanted) {
     const Atoms atoms = ReadAtoms(file);
-    const PictureKind kind = KindOfContent(atoms.data);
-    if (kind != PictureKind::Unknown) {
-        return DecodeAs(kind, atoms.data, wanted);
+    if (const PictureFormat* format = FormatOfContent(atoms.data)) {
+        return DecodeAs(*format, atoms.data, wanted);
     }
     const std::optional<ImageDescription> description = ReadImageDescription(atoms.description);
     if (!description || description->codec != FourCC("raw ")) {

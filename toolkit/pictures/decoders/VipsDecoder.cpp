@@ -4,36 +4,31 @@
 namespace folimark {
 namespace {
 
-/// Reads no more than the head of the file.
-Vips ReadHead(PictureKind kind, Bytes file) {
-    auto* data = const_cast<std::uint8_t*>(file.data()); // libvips only reads
+/// Libvips only reads from it.
+void* DataOf(Bytes file) {
+    return const_cast<std::uint8_t*>(file.data());
+}
+
+std::optional<Pixels> Thumbnail(Bytes file, Size picture, Size size, const char* profile) {
     VipsImage* image = nullptr;
-    switch (kind) {
-    case PictureKind::Jpeg:
-        vips_jpegload_buffer(data, file.size(), &image, nullptr);
-        break;
-    case PictureKind::Gif:
-        vips_gifload_buffer(data, file.size(), &image, nullptr);
-        break;
-    case PictureKind::Png:
-        vips_pngload_buffer(data, file.size(), &image, nullptr);
-        break;
-    case PictureKind::Tiff:
-        vips_tiffload_buffer(data, file.size(), &image, nullptr);
-        break;
-    default:
-        break;
+    if (vips_thumbnail_buffer(DataOf(file), file.size(), &image, size.width, "height", size.height, "size",
+                              VIPS_SIZE_FORCE, "export_profile", profile, "fail_on", VIPS_FAIL_ON_NONE,
+                              nullptr)
+        != 0) {
+        return std::nullopt;
     }
-    return Vips(image);
+    const Vips upright(image);
+    return PixelsOf(image, picture);
 }
 
 } // namespace
 
-std::optional<Pixels> DecodeWithVips(PictureKind kind, Bytes file, Size wanted) {
+std::optional<Pixels> DecodeWithVips(Bytes file, Size wanted) {
     if (!StartVips()) {
         return std::nullopt;
     }
-    const Vips head = ReadHead(kind, file);
+    // Reads no more than the head of the file.
+    const Vips head(vips_image_new_from_buffer(DataOf(file), file.size(), "", nullptr));
     if (!head) {
         return std::nullopt;
     }
@@ -42,15 +37,14 @@ std::optional<Pixels> DecodeWithVips(PictureKind kind, Bytes file, Size wanted) 
         std::swap(picture.width, picture.height);
     }
     const Size size = SizeFor(picture, wanted);
-    VipsImage* image = nullptr;
-    if (vips_thumbnail_buffer(const_cast<std::uint8_t*>(file.data()), file.size(), &image, size.width,
-                              "height", size.height, "size", VIPS_SIZE_FORCE, "export_profile",
-                              ProfileFor(head.get()), "fail_on", VIPS_FAIL_ON_NONE, nullptr)
-        != 0) {
-        return std::nullopt;
-    }
-    const Vips upright(image);
-    return PixelsOf(image, picture);
+    const char* profile = ProfileFor(head.get());
+    std::optional<Pixels> pixels = Thumbnail(file, picture, size, profile);
+    // A profile that is broken itself doesn't cost the picture.
+    return pixels || profile == nullptr ? std::move(pixels) : Thumbnail(file, picture, size, nullptr);
+}
+
+std::optional<Pixels> DecodeTiff(Bytes file, Size wanted) {
+    return DecodeWithVips(file, wanted);
 }
 
 } // namespace folimark

@@ -1,6 +1,5 @@
 #include "Picture.h"
 
-#include "Descriptor.h"
 #include "NativePicture.h"
 #include "PictureProcess.h"
 #include "PictureSurface.h"
@@ -35,22 +34,21 @@ Picture::Picture(std::unique_ptr<NativePicture> native) : native_(std::move(nati
 Picture::~Picture() = default;
 
 Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight) {
-    const Descriptor descriptor = file->OpenForReading();
-    if (!descriptor) {
-        return {};
-    }
     const std::optional<DecodedPicture> decoded =
-        ReadPicture(descriptor.Get(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight));
+        ReadPicture(file->NativePath(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight));
     if (!decoded) {
         return {};
     }
     // The image shows the shared memory itself, and keeps it for as long as it lives.
     auto* owner = new std::shared_ptr<const std::uint32_t>(decoded->pixels);
-    const QImage image(
-        reinterpret_cast<const uchar*>(owner->get()), decoded->width, decoded->height,
-        static_cast<qsizetype>(decoded->width) * qsizetype{sizeof(std::uint32_t)},
-        QImage::Format_ARGB32_Premultiplied,
-        [](void* kept) { delete static_cast<std::shared_ptr<const std::uint32_t>*>(kept); }, owner);
+    const auto letGo = [](void* kept) { delete static_cast<std::shared_ptr<const std::uint32_t>*>(kept); };
+    const QImage image(reinterpret_cast<const uchar*>(owner->get()), decoded->width, decoded->height,
+                       static_cast<qsizetype>(decoded->width) * qsizetype{sizeof(std::uint32_t)},
+                       QImage::Format_ARGB32_Premultiplied, letGo, owner);
+    if (image.isNull()) { // it hasn't taken the pixels over then
+        letGo(owner);
+        return {};
+    }
     return MakePicture(image, decoded->pictureWidth, decoded->pictureHeight);
 }
 
