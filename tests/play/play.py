@@ -1,0 +1,296 @@
+"""One play: starts the application, acts on its windows at random, ends it, and looks at what is left."""
+
+import os
+import random
+import signal
+import subprocess
+import time
+
+from Xlib import error
+
+from albums import CHANGING, NEW, Albums, Fault
+from stage import wait_for
+
+LIMIT = 120  # seconds; far more than anything takes that doesn't hang, even on a busy machine
+RUNS, STEPS = 2, 60
+# What the application may hold beyond what it held after its start, once all albums are closed: descriptors, KiB.
+MORE = 16, 300_000
+KEYS = ["Down"] * 6 + ["Up"] * 3 + (
+    "End Home Next Prior Tab Tab Shift+Tab Return Escape space Left Right BackSpace b n F1 F5 F10 Menu Control+l Control+r "
+    "Control+h Control+w Control+o Control+f Control+Shift+f Control+a Control+c").split()
+
+
+def children(pid):
+    """The names of the processes that pid has and hasn't waited for, by their numbers."""
+    found = {}
+    try:
+        with open(f"/proc/{pid}/task/{pid}/children") as numbers:
+            for number in numbers.read().split():
+                with open(f"/proc/{number}/comm") as name:
+                    found[int(number)] = name.read().strip()
+    except OSError:
+        pass  # One of them has just gone.
+    return found
+
+
+def send(pid, name):
+    try:
+        os.kill(pid, signal.Signals["SIG" + name])
+    except ProcessLookupError:
+        pass
+
+
+def one_of(rng, views):
+    return rng.choice(views) if views else None
+
+
+class Play:
+    """What a step chooses depends on the seed and its number alone, and on the windows that there are."""
+
+    def __init__(self, stage, executable, seed, folder, shared):
+        self.stage, self.executable, self.seed, self.actions = stage, executable, seed, 0
+        self.albums = Albums(folder, shared, random.Random(seed))
+        self.errors = os.path.join(folder, "errors")
+        self.steps = {
+            self.hurry: 6, self.press_keys: 8, self.use_toolbar: 5, self.click_somewhere: 6, self.pick: 6, self.use_menu: 3,
+            self.highlight: 3, self.create: 2, self.trash: 2, self.answer: 4, self.close_album: 4, self.arrange: 4,
+            self.hinder_pictures: 4, self.stop_application: 2, self.start_again: 1, self.change_folder: 3, self.edit_list: 1}
+        os.symlink("/bin/true", os.path.join(folder, "xdg-open"))
+        self.environment = {
+            "DISPLAY": stage.name, "HOME": folder, "XDG_CONFIG_HOME": os.path.dirname(self.albums.list), "XDG_CACHE_HOME": folder,
+            "XDG_RUNTIME_DIR": folder, "QT_QPA_PLATFORM": "xcb", "PATH": folder + ":/usr/bin:/bin", "LC_ALL": "C.UTF-8",
+            "ASAN_OPTIONS": "detect_leaks=0:quarantine_size_mb=32", "UBSAN_OPTIONS": "print_stacktrace=1"}
+
+    def run(self):
+        for run in range(RUNS):
+            self._start()
+            for step in range(STEPS):
+                if self.application.poll() is None:
+                    self._step(random.Random(f"{self.seed} {run} {step}"))
+            self._end(random.Random(f"{self.seed} {run} end"))
+            self.albums.edit(random.Random(f"{self.seed} {run} edit"), between_runs=True)
+
+    def _launch(self):
+        self.stage.tell("starts the application")
+        with open(self.errors, "a") as out:
+            return subprocess.Popen(self.executable, env=self.environment, stdin=subprocess.DEVNULL, stdout=out, stderr=out)
+
+    def _start(self):
+        self.application, self.others, self.later, self.trashed, self.may_end = self._launch(), [], [], 0, False
+        self._hold(lambda: self._main() or self.application.poll() is not None, lambda: "The application doesn't start.")
+        self.head = self._main().height - 257 if self._main() else 0  # the menus and the toolbar above the list
+        self.first = self._held()
+
+    def _step(self, rng):
+        self.actions += 1
+        for task in [task for task in self.later if task[0] <= self.actions]:
+            self.later.remove(task)
+            send(*task[1:])
+        step, = rng.choices(list(self.steps), self.steps.values())
+        pause = rng.choice([0, 0, 0, 0.02, 0.05, 0.1, 0.4])
+        try:
+            step(rng)
+        except error.XError:
+            pass  # The window has gone from under the hand.
+        time.sleep(pause)
+        self.albums.check(self.trashed)
+        status = self.application.poll()
+        if status is not None and (status != 0 or not self.may_end):
+            raise Fault(f"The application has ended by itself, with {status}.")
+
+    # What is to be seen.
+
+    def _views(self):
+        return self.stage.views([process.pid for process in (self.application, *self.others)])
+
+    def _main(self):
+        return next((view for view in self._views() if view.title == "Folimark" and not view.dialog), None)
+
+    def _open_albums(self):
+        return [view for view in self._views() if view.title != "Folimark" and not view.dialog]
+
+    # The steps.
+
+    def press_keys(self, rng):
+        self.stage.press(rng.choice(KEYS), times=rng.choice([1, 1, 1, 2, 5, 20]))
+
+    def _click(self, view, x, y, button=1, times=1):
+        if view.title == "Folimark" and y < self.head:
+            self.trashed += times
+        self.stage.click(view, x, y, button, times)
+
+    def click_somewhere(self, rng):
+        x, y, button, times = rng.random(), rng.random(), rng.choice([1, 1, 1, 1, 2, 3, 4, 5]), rng.choice([1, 1, 2, 3])
+        if view := one_of(rng, self._views()):
+            self._click(view, int(x * view.width), int(y * view.height), button, times)
+
+    def use_toolbar(self, rng, x=None):
+        x, pause = x or rng.randrange(20, 500), rng.choice([0, 0.1, 0.4])
+        if view := self._main():
+            self._click(view, x, self.head * 3 // 4)
+            time.sleep(pause)
+
+    def create(self, rng):
+        self.use_toolbar(rng, 40)
+        self.stage.press(*self.albums.folder(rng.choice([*NEW, *CHANGING, "Mixed"])), "Return")
+        time.sleep(rng.choice([0, 0.3]))
+        self.stage.press(rng.choice(["Return", "Escape"]))
+
+    def trash(self, rng):
+        self.use_toolbar(rng, 140)
+        self.stage.press(rng.choice(["Return", "Escape", "Escape"]))
+
+    def pick(self, rng, times=2):
+        """Clicks on a row of the list of albums; two clicks open it."""
+        row = rng.randrange(11)
+        if view := self._main():
+            self.stage.manage(view)
+            self._click(view, 40, self.head + 8 + 16 * row, times=times)
+
+    def hurry(self, rng):
+        """Opens an album, selects a picture, closes the window and goes elsewhere, each before the last has ended."""
+        pauses, before = rng.choices([0, 0, 0.05, 0.2, 0.5], k=3), len(self._open_albums())
+        self._close_all([view for view in self._views() if view.dialog])
+        self.pick(rng)
+        wait_for(lambda: len(self._open_albums()) > before, 0.5)
+        time.sleep(pauses[0])
+        if rng.random() < 0.5:
+            self._send_to_pictures("STOP", rng.randrange(1, 12))
+        self.stage.press(rng.choice(["Down", "Up", "End", "Next"]), times=rng.choice([1, 1, 3]))
+        time.sleep(pauses[1])
+        self._close_all(self._open_albums()[-1:])
+        time.sleep(pauses[2])
+        self.pick(rng, rng.choice([1, 1, 2]))
+
+    def use_menu(self, rng):
+        self.may_end = True
+        self.stage.press("Alt+" + rng.choice("feh"), *["Down"] * rng.randrange(9), rng.choice(["Return", "Return", "Escape"]))
+
+    def highlight(self, rng):
+        phrase, pause = rng.choice("0pgeN. "), rng.choice([0, 0.1, 0.3])
+        self.stage.press("Control+l")
+        time.sleep(pause)
+        self.stage.press("Control+a", phrase, "Tab", *["Down"] * rng.randrange(4), "Tab", phrase, rng.choice(["Return", "Escape"]))
+        self.stage.press("Tab", times=rng.randrange(1, 5))
+
+    def answer(self, rng):
+        key = rng.choice(["Return", "Escape", "Escape", "space"])
+        if view := one_of(rng, [view for view in self._views() if view.dialog]):
+            self.stage.manage(view)
+            self.stage.press(key)
+
+    def close_album(self, rng):
+        if view := one_of(rng, self._open_albums()):
+            self.stage.close(view)
+
+    def arrange(self, rng):
+        how = rng.choice([(), (), ("WM_CHANGE_STATE", 3)])
+        if view := one_of(rng, self._views()):
+            self.stage.manage(view, *how)
+
+    def start_again(self, _rng):
+        if len(self.others) < 3:
+            self.others.append(self._launch())
+
+    def change_folder(self, rng):
+        self.stage.tell(self.albums.change(rng))
+
+    def edit_list(self, rng):
+        self.stage.tell("edits the list")
+        self.albums.edit(rng, between_runs=False)
+
+    def _send_to_pictures(self, name, steps):
+        for pid in [pid for pid, command in children(self.application.pid).items() if command.startswith("folimark-pict")]:
+            self.stage.tell(f"sends {name} to the picture process")
+            send(pid, name)
+            self.later.append((self.actions + steps, pid, "CONT"))
+
+    def hinder_pictures(self, rng):
+        self._send_to_pictures(rng.choice(["STOP", "STOP", "KILL"]), rng.randrange(1, 12))
+
+    def stop_application(self, rng):
+        self.stage.tell("stops the application for a moment")
+        send(self.application.pid, "STOP")
+        self.later.append((self.actions + rng.randrange(1, 5), self.application.pid, "CONT"))
+
+    # The end, and what has to hold then.
+
+    @staticmethod
+    def _hold(fact, otherwise):
+        if not wait_for(fact, LIMIT):
+            raise Fault(otherwise())
+
+    def _end(self, rng):
+        albums_first, key = rng.random() < 0.6, rng.random() < 0.3 and "Control+q"
+        for task in self.later:
+            send(*task[1:])
+        if albums_first and self.application.poll() is None:
+            self._hold(lambda: self._close_albums() or self.application.poll() is not None, lambda: "An album doesn't close.")
+            self._hold(lambda: all(now <= first + more for now, first, more in zip(self._held(), self.first, MORE)),
+                       lambda: f"Descriptors and KiB were {self.first} at the start, and now are {self._held()}.")
+        for process in (self.application, *self.others):
+            self._hold(lambda: self._close(process, key), lambda: "The application doesn't end when its window is closed.")
+            # A second start that has had no answer says so, and ends with 1.
+            if process.returncode not in ([0] if process == self.application else [0, 1]):
+                raise Fault(f"The application has ended with {process.returncode}.")
+        self.albums.check(self.trashed)
+        self.albums.check_files()
+        if left := [name for name in os.listdir(os.path.dirname(self.albums.list)) if name.startswith(".folimark")]:
+            raise Fault(f"There is left beside the list: {left}")
+        self._hold(lambda: not self._left_behind(), lambda: f"Processes are left behind: {children(os.getpid())}")
+        with open(self.errors, errors="replace") as errors:
+            if any("AddressSanitizer" in line or "runtime error:" in line for line in errors):
+                raise Fault("The sanitizers have something to say.")
+
+    def _close_all(self, views):
+        for view in reversed(views):
+            try:
+                if view.dialog:
+                    self.stage.manage(view)
+                    self.stage.press("Escape")
+                else:
+                    self.stage.close(view)
+            except error.XError:
+                pass  # It has just gone.
+
+    def _close_albums(self):
+        """Closes whatever there is but the Albums window, and is true when nothing is there."""
+        views = [view for view in self._views() if view.dialog or view.title != "Folimark"]
+        self._close_all(views)
+        time.sleep(0.2 if views else 0)
+        return not views
+
+    def _close(self, process, key):
+        if process.poll() is None and self._close_albums() and (view := self._main()):
+            self.stage.manage(view)
+            if key:
+                self.stage.press(key)
+            else:
+                self.stage.close(view)
+            wait_for(lambda: process.poll() is not None, 1)
+        return process.poll() is not None
+
+    def _held(self):
+        """How many descriptors and KiB the application holds."""
+        try:
+            with open(f"/proc/{self.application.pid}/status") as status:
+                memory = next((int(line.split()[1]) for line in status if line.startswith("VmRSS")), 0)
+            return len(os.listdir(f"/proc/{self.application.pid}/fd")), memory
+        except OSError:  # It has ended.
+            return 0, 0
+
+    def _left_behind(self):
+        """Children of those that have ended are ours now; what has ended of them is waited for."""
+        mine = [process.pid for process in (self.stage.server, self.stage.manager, self.application, *self.others)]
+        left = [pid for pid in children(os.getpid()) if pid not in mine]
+        return [pid for pid in left if os.waitpid(pid, os.WNOHANG) == (0, 0)]
+
+    def clear(self):
+        """Ends what a play that has failed leaves."""
+        for process in (self.application, *self.others):
+            for pid in (*children(process.pid), process.pid):
+                send(pid, "KILL")
+            process.wait()
+        for pid in self._left_behind():
+            send(pid, "KILL")
+        wait_for(lambda: not self._left_behind(), LIMIT)
