@@ -8,37 +8,24 @@
 
 namespace folimark {
 
+class NativeSurface;
 class Picture;
 
 /// A surface to draw on. The origin is its top left corner, units are logical pixels, y grows downwards.
 class Graphics : public Object {
   public:
-    /// What a surface has to offer; each kind of surface brings its own.
-    class Surface {
-      public:
-        virtual ~Surface() = default;
-        virtual int Width() const = 0;
-        virtual int Height() const = 0;
-        virtual void FillRect(int x, int y, int width, int height, Color color) = 0;
-        virtual void ClearRect(int x, int y, int width, int height) = 0;
-        virtual void DrawPicture(const Picture& picture, int x, int y, int width, int height, int sourceX,
-                                 int sourceY, int sourceWidth, int sourceHeight) = 0;
-        virtual void DrawText(const std::string& text, int x, int y, int width, int height, Color color) = 0;
-    };
-
-    explicit Graphics(std::unique_ptr<Surface> surface) : surface_(std::move(surface)) {}
+    explicit Graphics(std::unique_ptr<NativeSurface> surface);
+    ~Graphics() override;
 
     Color ForeColor() const { return foreColor_; }
     /// The colour for the next fills and texts.
     void ForeColor(Color color) { foreColor_ = color; }
-    int Width() const { return surface_->Width(); }
-    int Height() const { return surface_->Height(); }
+    int Width() const;
+    int Height() const;
 
-    void FillRect(int x, int y, int width, int height) {
-        surface_->FillRect(x, y, width, height, foreColor_);
-    }
+    void FillRect(int x, int y, int width, int height);
     /// Clears a rectangle to the surface's background.
-    void ClearRect(int x, int y, int width, int height) { surface_->ClearRect(x, y, width, height); }
+    void ClearRect(int x, int y, int width, int height);
 
     /// A width or height of this much stands for the picture's own.
     static constexpr int kOwnSize = -10000;
@@ -48,12 +35,10 @@ class Graphics : public Object {
                      int sourceX = 0, int sourceY = 0, int sourceWidth = kOwnSize,
                      int sourceHeight = kOwnSize);
     /// Draws a text centred in a rectangle, wrapped at words, in the system's font.
-    void DrawText(const std::string& text, int x, int y, int width, int height) {
-        surface_->DrawText(text, x, y, width, height, foreColor_);
-    }
+    void DrawText(const std::string& text, int x, int y, int width, int height);
 
   private:
-    std::unique_ptr<Surface> surface_;
+    std::unique_ptr<NativeSurface> surface_;
     Color foreColor_ = 0x000000;
 };
 

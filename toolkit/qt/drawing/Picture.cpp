@@ -1,21 +1,25 @@
 #include "Picture.h"
 
 #include "NativePicture.h"
+#include "NativeSurface.h"
 #include "PictureProcess.h"
-#include "PictureSurface.h"
 #include "Resources.h"
 
 #include <QFile>
+#include <QGuiApplication>
+
+#include <cmath>
 
 namespace folimark {
 namespace {
 
+/// Logical pixels as points of the sharpest screen, rounded up.
+int InDevicePixels(int logical) {
+    return static_cast<int>(std::ceil(logical * qGuiApp->devicePixelRatio()));
+}
+
 Ref<Picture> MakePicture(const QImage& image, int width, int height) {
-    auto native = std::make_unique<NativePicture>();
-    native->image = image;
-    native->width = width;
-    native->height = height;
-    return New<Picture>(std::move(native));
+    return New<Picture>(std::make_unique<NativePicture>(NativePicture{image, width, height}));
 }
 
 QImage ReadResource(const std::string& fileName) {
@@ -25,8 +29,11 @@ QImage ReadResource(const std::string& fileName) {
 
 } // namespace
 
-Picture::Picture(int width, int height, int /*depth*/) : native_(std::make_shared<NativePicture>()) {
-    MakeBlank(*native_, width, height);
+Picture::Picture(int width, int height, int /*depth*/)
+    : native_(std::make_shared<NativePicture>(NativePicture{
+        QImage(InDevicePixels(width), InDevicePixels(height), QImage::Format_ARGB32_Premultiplied), width,
+        height})) {
+    native_->image.fill(Qt::transparent);
 }
 
 Picture::Picture(std::unique_ptr<NativePicture> native) : native_(std::move(native)) {}

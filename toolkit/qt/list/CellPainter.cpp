@@ -2,7 +2,7 @@
 
 #include "ListView.h"
 #include "Listbox.h"
-#include "PainterSurface.h"
+#include "NativeSurface.h"
 #include "ToolkitKey.h"
 
 #include <QHelpEvent>
@@ -41,7 +41,7 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->save();
     painter->setClipRect(option.rect);
     Graphics background(
-        std::make_unique<PainterSurface>(*painter, option.rect, option.palette.color(QPalette::Base)));
+        std::make_unique<PaintedSurface>(*painter, option.rect, option.palette.color(QPalette::Base)));
     const bool painted = view_.List().PaintCellBackground(kToolkit, background, index.row(), index.column());
     const bool selected = index.row() == view_.List().ListIndex();
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);

@@ -5,7 +5,7 @@
 #include "Headings.h"
 #include "KeyBacklog.h"
 #include "Listbox.h"
-#include "PainterSurface.h"
+#include "NativeSurface.h"
 #include "PlatformText.h"
 #include "RowsModel.h"
 #include "ToolkitKey.h"
@@ -279,7 +279,7 @@ void ListView::PaintEmptyRows() {
             if (!isColumnHidden(column)) {
                 const QRect cell(columnViewportPosition(column), top, columnWidth(column),
                                  Listbox::kRowHeight);
-                Graphics graphics(std::make_unique<PainterSurface>(painter, cell, ground));
+                Graphics graphics(std::make_unique<PaintedSurface>(painter, cell, ground));
                 list_.PaintCellBackground(kToolkit, graphics, row, column);
             }
         }
