@@ -2,34 +2,6 @@
 
 namespace folimark::FileTypes {
 
-Ref<FileType> pJpeg;
-Ref<FileType> pImageGif;
-Ref<FileType> pImagePng;
-Ref<FileType> pImageTiff;
-Ref<FileType> pImagePict;
-Ref<FileType> pImageJpeg2000;
-Ref<FileType> pVideoMp4;
-Ref<FileType> pVideoMpeg;
-Ref<FileType> pVideoAvi;
-Ref<FileType> pVideoQuicktime;
-Ref<FileType> pVideoXM4v;
-Ref<FileType> pAudioAac;
-Ref<FileType> pAudioAiff;
-Ref<FileType> pAudioMp3;
-Ref<FileType> pAudioMp4;
-Ref<FileType> pAudioWav;
-Ref<FileType> pTextHtml;
-Ref<FileType> pTextPlain;
-Ref<FileType> pTextRichtext;
-Ref<FileType> pBookPdf;
-Ref<FileType> pBookEpub;
-Ref<FileType> pImageXBmp;
-Ref<FileType> pAudioMpeg3;
-Ref<FileType> pAudioMpeg;
-Ref<FileType> pAudioM4p;
-Ref<FileType> pImageXMacpaint;
-Ref<FileType> pImageXQuicktime;
-
 namespace {
 
 struct Row {

@@ -8,33 +8,33 @@
 /// extension, so the order of the table decides where rows share one.
 namespace folimark::FileTypes {
 
-extern Ref<FileType> pJpeg;
-extern Ref<FileType> pImageGif;
-extern Ref<FileType> pImagePng;
-extern Ref<FileType> pImageTiff;
-extern Ref<FileType> pImagePict;
-extern Ref<FileType> pImageJpeg2000;
-extern Ref<FileType> pVideoMp4;
-extern Ref<FileType> pVideoMpeg;
-extern Ref<FileType> pVideoAvi;
-extern Ref<FileType> pVideoQuicktime;
-extern Ref<FileType> pVideoXM4v;
-extern Ref<FileType> pAudioAac;
-extern Ref<FileType> pAudioAiff;
-extern Ref<FileType> pAudioMp3;
-extern Ref<FileType> pAudioMp4;
-extern Ref<FileType> pAudioWav;
-extern Ref<FileType> pTextHtml;
-extern Ref<FileType> pTextPlain;
-extern Ref<FileType> pTextRichtext;
-extern Ref<FileType> pBookPdf;
-extern Ref<FileType> pBookEpub;
-extern Ref<FileType> pImageXBmp;
-extern Ref<FileType> pAudioMpeg3;
-extern Ref<FileType> pAudioMpeg;
-extern Ref<FileType> pAudioM4p;
-extern Ref<FileType> pImageXMacpaint;
-extern Ref<FileType> pImageXQuicktime;
+inline Ref<FileType> pJpeg;
+inline Ref<FileType> pImageGif;
+inline Ref<FileType> pImagePng;
+inline Ref<FileType> pImageTiff;
+inline Ref<FileType> pImagePict;
+inline Ref<FileType> pImageJpeg2000;
+inline Ref<FileType> pVideoMp4;
+inline Ref<FileType> pVideoMpeg;
+inline Ref<FileType> pVideoAvi;
+inline Ref<FileType> pVideoQuicktime;
+inline Ref<FileType> pVideoXM4v;
+inline Ref<FileType> pAudioAac;
+inline Ref<FileType> pAudioAiff;
+inline Ref<FileType> pAudioMp3;
+inline Ref<FileType> pAudioMp4;
+inline Ref<FileType> pAudioWav;
+inline Ref<FileType> pTextHtml;
+inline Ref<FileType> pTextPlain;
+inline Ref<FileType> pTextRichtext;
+inline Ref<FileType> pBookPdf;
+inline Ref<FileType> pBookEpub;
+inline Ref<FileType> pImageXBmp;
+inline Ref<FileType> pAudioMpeg3;
+inline Ref<FileType> pAudioMpeg;
+inline Ref<FileType> pAudioM4p;
+inline Ref<FileType> pImageXMacpaint;
+inline Ref<FileType> pImageXQuicktime;
 
 /// Builds all rows and registers each, in the order of the table. The globals above are nil before.
 void _Initialize();

@@ -3,13 +3,6 @@
 #include "Text.h"
 
 namespace folimark::GlobalData {
-
-std::string AudioString;
-std::string BookString;
-std::string ImageString;
-std::string VideoString;
-std::string MediaString;
-
 namespace {
 
 bool Occurs(const std::string& type, const std::string& list) {

@@ -5,12 +5,12 @@
 /// The lists of media types, and the checks that go by them. They belong to the application's globals.
 namespace folimark::GlobalData {
 
-extern std::string AudioString;
-extern std::string BookString;
-extern std::string ImageString;
-extern std::string VideoString;
+inline std::string AudioString;
+inline std::string BookString;
+inline std::string ImageString;
+inline std::string VideoString;
 /// The four above.
-extern std::string MediaString;
+inline std::string MediaString;
 
 /// Builds the five strings. Until then all checks say False.
 void SetupFileTypeStrings();

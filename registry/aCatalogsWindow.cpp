@@ -17,11 +17,7 @@ constexpr WindowLayout kLayout{
     .height = 257,
     .minHeight = 129,
     .maxHeight = 32000,
-    .frame = WindowLayout::kDocument,
-    .closeButton = true,
-    .minimizeButton = true,
     .resizeable = true,
-    .hasBackColor = true,
     .backColor = Look::kTint,
 };
 
@@ -38,10 +34,7 @@ constexpr std::string_view kListHelp =
 constexpr ControlRow kControls[] = {
     {.name = "TheListBox",
      .controlClass = ControlClass::Listbox,
-     .left = 0,
-     .top = 0,
-     .width = 513,
-     .height = 257,
+     .bounds = {0, 0, 513, 257},
      .tabIndex = 11,
      .helpTag = kListHelp,
      .accessibleName = "Albums",
@@ -75,14 +68,7 @@ void aCatalogsWindow::_CreateControls0() {
     const Ref<aCatalogsToolBar> toolbar = New<aCatalogsToolBar>();
     toolbar->Action = [this](Toolbar& bar, ToolItem& item) { CatalogsToolBar_Action(bar, item); };
     toolbar->Open = [this] { CatalogsToolBar_Open(*CatalogsToolBar()); };
-    AddControl(toolbar, "CatalogsToolBar", 0, 0, 0, 0);
-}
-
-Ref<Listbox> aCatalogsWindow::TheListBox() const {
-    return Control<Listbox>("TheListBox");
-}
-Ref<aCatalogsToolBar> aCatalogsWindow::CatalogsToolBar() const {
-    return Control<aCatalogsToolBar>("CatalogsToolBar");
+    AddControl(toolbar, "CatalogsToolBar", {});
 }
 
 bool aCatalogsWindow::TheListBox_CellBackgroundPaint(Listbox& /*list*/, class Graphics& g, std::int64_t row,

@@ -2,6 +2,7 @@
 
 #include "Array.h"
 #include "ControlTable.h"
+#include "Finally.h"
 #include "MenuBarWindow.h"
 #include "aCatalogsToolBar.h"
 #include "aListWindow.h"
@@ -33,8 +34,8 @@ class aCatalogsWindow : public MenuBarWindow {
     Ref<ToolButton> StaggerCatalogsButton;
     Ref<ToolButton> SeparatorButton;
 
-    Ref<Listbox> TheListBox() const;
-    Ref<aCatalogsToolBar> CatalogsToolBar() const;
+    Ref<Listbox> TheListBox() const { return Control<Listbox>("TheListBox"); }
+    Ref<aCatalogsToolBar> CatalogsToolBar() const { return Control<aCatalogsToolBar>("CatalogsToolBar"); }
 
     void Event_Open() override;
     void Event_Activate() override;
@@ -73,9 +74,12 @@ class aCatalogsWindow : public MenuBarWindow {
     void AddMenuHandlers(Window& window) override;
 
   private:
-    /// While one lives, a loop over the rows may yield without another command changing them, and the window
-    /// stays open.
-    class RowsInUse;
+    /// While the result lives, a loop over the rows may yield without another command changing them, and the
+    /// window stays open.
+    auto UseRows() {
+        ++rowsInUse_;
+        return Finally([this] { --rowsInUse_; });
+    }
 
     void _CreateControls0();
 
@@ -114,17 +118,6 @@ class aCatalogsWindow : public MenuBarWindow {
     /// Has the user been told, in this run, that the session places windows itself?
     bool toldOfPlaces_ = false;
     bool adding_ = false;
-};
-
-class aCatalogsWindow::RowsInUse {
-  public:
-    explicit RowsInUse(aCatalogsWindow& window) : window_(window) { ++window_.rowsInUse_; }
-    RowsInUse(const RowsInUse&) = delete;
-    RowsInUse& operator=(const RowsInUse&) = delete;
-    ~RowsInUse() { --window_.rowsInUse_; }
-
-  private:
-    aCatalogsWindow& window_;
 };
 
 } // namespace folimark

@@ -21,7 +21,7 @@ void aCatalogsWindow::Event_Activate() {
 }
 
 void aCatalogsWindow::GetCatalogList(const Ref<FolderItem>& f) {
-    const RowsInUse rows(*this); // A save of half a list would lose the other half.
+    const auto rows = UseRows(); // A save of half a list would lose the other half.
     TheListBox()->DeleteAllRows();
     CatalogWindows.Redim(-1);
     std::int64_t n = 1;
@@ -43,7 +43,7 @@ void aCatalogsWindow::GetCatalogList(const Ref<FolderItem>& f) {
 }
 
 void aCatalogsWindow::PutCatalogList(const Ref<FolderItem>& f) {
-    const RowsInUse rows(*this);
+    const auto rows = UseRows();
     const Ref<TextOutputStream> stream = TextOutputStream::Create(f);
     for (std::int64_t r = 0; r <= TheListBox()->LastIndex(); ++r) {
         stream->WriteLine(TheListBox()->RowTag(r));

@@ -8,24 +8,10 @@
 #include <optional>
 
 namespace folimark {
-namespace {
-
-/// Holds a flag up for as long as it lives.
-class RaisedFlag {
-  public:
-    explicit RaisedFlag(bool& flag) : flag_(flag) { flag_ = true; }
-    RaisedFlag(const RaisedFlag&) = delete;
-    RaisedFlag& operator=(const RaisedFlag&) = delete;
-    ~RaisedFlag() { flag_ = false; }
-
-  private:
-    bool& flag_;
-};
-
-} // namespace
 
 void aCatalogsWindow::zAddCatalog() {
-    const RaisedFlag adding(adding_);
+    adding_ = true;
+    const Finally done([this] { adding_ = false; });
     const Ref<SelectFolderDialog> dialog = New<SelectFolderDialog>();
     dialog->ActionButtonCaption("Choose");
     dialog->Title("Create an Album");
@@ -52,7 +38,7 @@ void aCatalogsWindow::AddCatalogFolder(const Ref<FolderItem>& folder) {
     const std::string path = folder->AbsolutePath();
     std::optional<std::string> existing;
     {
-        const RowsInUse rows(*this);
+        const auto rows = UseRows();
         for (std::int64_t r = 0; r <= TheListBox()->LastIndex() && !existing; ++r) {
             if (EqualText(path, TheListBox()->RowTag(r))) {
                 existing = TheListBox()->Cell(r, 0);
@@ -89,7 +75,7 @@ std::string aCatalogsWindow::LookForAnyPicturesIn(const Ref<FolderItem>& folder)
 }
 
 void aCatalogsWindow::AddToCatalogList(const std::string& path) {
-    const RowsInUse rows(*this);
+    const auto rows = UseRows();
     const Ref<Listbox> list = TheListBox();
     for (std::int64_t r = 0; r <= list->LastIndex(); ++r) {
         if (EqualText(list->RowTag(r), path)) {

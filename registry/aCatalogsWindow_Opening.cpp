@@ -98,7 +98,7 @@ bool aCatalogsWindow::TellOfFolder(const Ref<aListWindow>& window, const Ref<Fol
 
 void aCatalogsWindow::RemoveFailedCatalog(const Ref<aListWindow>& window) {
     // The row that the message is about is the one that goes, whatever is clicked meanwhile.
-    const RowsInUse rows(*this);
+    const auto rows = UseRows();
     const std::int64_t row = RowOf(window);
     window->Close();
     if (row < 0) {
@@ -128,7 +128,7 @@ bool aCatalogsWindow::Event_CancelClose(bool /*appQuitting*/) {
 }
 
 void aCatalogsWindow::Event_Close() {
-    const RowsInUse rows(*this);
+    const auto rows = UseRows();
     for (std::int64_t r = 0; r <= TheListBox()->LastIndex(); ++r) {
         ClearStale(r);
         CloseSlot(r);
@@ -186,7 +186,7 @@ void aCatalogsWindow::StaggerWindows() {
     if (TheListBox()->LastIndex() < 0) {
         return;
     }
-    const RowsInUse rows(*this);
+    const auto rows = UseRows();
     int x = Left();
     int y = Top();
     for (std::int64_t r = 0; r <= TheListBox()->LastIndex(); ++r) {

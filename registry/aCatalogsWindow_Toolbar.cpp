@@ -1,58 +1,40 @@
 #include "PictureResources.h"
 #include "aCatalogsWindow.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace folimark {
 namespace {
 
+/// A row without a command is a separator.
 struct ToolRow {
-    Ref<ToolButton> aCatalogsWindow::*field;
-    int style;
-    const char* caption;
+    Ref<ToolButton> aCatalogsWindow::*button;
     const char* name;
+    const char* caption;
     Ref<Picture> (*icon)();
+    void (aCatalogsWindow::*command)();
     const char* helpTag;
 };
 
 constexpr ToolRow kTools[] = {
-    {&aCatalogsWindow::AddCatalogButton, ToolButton::kPushes, "Create Album", "AddCatalog", AddCatalog,
+    {&aCatalogsWindow::AddCatalogButton, "AddCatalog", "Create Album", AddCatalog,
+     &aCatalogsWindow::zAddCatalog,
      "Create an album by choosing a folder on your computer that contains the media files to be included the "
      "album."},
-    {&aCatalogsWindow::DeleteCatalogButton, ToolButton::kPushes, "Trash Album", "DeleteCatalog",
-     DeleteCatalog, "Trash the selected album. The media files that it contains are not trashed."},
-    {&aCatalogsWindow::SeparatorButton, ToolButton::kSeparator, "", "", nullptr, ""},
-    {&aCatalogsWindow::OpenCatalogButton, ToolButton::kPushes, "Open Album", "OpenCatalog", OpenCatalog,
+    {&aCatalogsWindow::DeleteCatalogButton, "DeleteCatalog", "Trash Album", DeleteCatalog,
+     &aCatalogsWindow::zDeleteCatalog,
+     "Trash the selected album. The media files that it contains are not trashed."},
+    {&aCatalogsWindow::SeparatorButton, "", "", nullptr, nullptr, ""},
+    {&aCatalogsWindow::OpenCatalogButton, "OpenCatalog", "Open Album", OpenCatalog,
+     &aCatalogsWindow::zOpenCatalog,
      "Open the selected album in it's own window where a list of the media files it contains can be "
      "viewed.\r\r(If the album contains many media files, a grabbing hand cursor will be displayed.)"},
-    {&aCatalogsWindow::StaggerCatalogsButton, ToolButton::kPushes, "Align Albums", "StaggerCatalogs",
-     StaggerCatalogs, "Align and cascade the open albums' windows relative to this window."},
-    {&aCatalogsWindow::CloseCatalogButton, ToolButton::kPushes, "Close Album", "CloseCatalog", CloseCatalog,
-     "Close the selected album's window."},
-};
-
-struct CommandRow {
-    const char* name;
-    void (aCatalogsWindow::*command)();
-    Ref<ToolButton> aCatalogsWindow::*button;
-};
-
-constexpr CommandRow kCommands[] = {
-    {"AddCatalog", &aCatalogsWindow::zAddCatalog, &aCatalogsWindow::AddCatalogButton},
-    {"DeleteCatalog", &aCatalogsWindow::zDeleteCatalog, &aCatalogsWindow::DeleteCatalogButton},
-    {"OpenCatalog", &aCatalogsWindow::zOpenCatalog, &aCatalogsWindow::OpenCatalogButton},
-    {"StaggerCatalogs", &aCatalogsWindow::zStaggerCatalogs, &aCatalogsWindow::StaggerCatalogsButton},
-    {"CloseCatalog", &aCatalogsWindow::zCloseCatalog, &aCatalogsWindow::CloseCatalogButton},
-};
-
-/// Lets a button up when its command has ended, in whatever way.
-class PushedScope {
-  public:
-    explicit PushedScope(Ref<ToolButton> button) : button_(std::move(button)) {}
-    PushedScope(const PushedScope&) = delete;
-    PushedScope& operator=(const PushedScope&) = delete;
-    ~PushedScope() { button_->Pushed(false); }
-
-  private:
-    Ref<ToolButton> button_;
+    {&aCatalogsWindow::StaggerCatalogsButton, "StaggerCatalogs", "Align Albums", StaggerCatalogs,
+     &aCatalogsWindow::zStaggerCatalogs,
+     "Align and cascade the open albums' windows relative to this window."},
+    {&aCatalogsWindow::CloseCatalogButton, "CloseCatalog", "Close Album", CloseCatalog,
+     &aCatalogsWindow::zCloseCatalog, "Close the selected album's window."},
 };
 
 } // namespace
@@ -60,33 +42,31 @@ class PushedScope {
 void aCatalogsWindow::CatalogsToolBar_Open(aCatalogsToolBar& toolbar) {
     for (const ToolRow& row : kTools) {
         const Ref<ToolButton> button = New<ToolButton>();
-        this->*row.field = button;
-        button->Style(row.style);
+        this->*row.button = button;
+        button->Style(row.command == nullptr ? ToolStyle::Separator : ToolStyle::Pushes);
         button->Caption(row.caption);
         button->Name(row.name);
         if (row.icon != nullptr) {
             button->Icon(row.icon());
         }
-        if (row.field == &aCatalogsWindow::AddCatalogButton) {
-            button->Enabled(true);
-        }
         button->HelpTag(row.helpTag);
         toolbar.Append(button);
     }
+    AddCatalogButton->Enabled(true);
 }
 
 void aCatalogsWindow::CatalogsToolBar_Action(Toolbar& /*toolbar*/, ToolItem& item) {
-    for (const CommandRow& row : kCommands) {
-        if (item.Name() == row.name) {
-            if (adding_ && row.button == &aCatalogsWindow::AddCatalogButton) {
-                return; // It stays down: the search through the last folder is still going on.
-            }
-            const PushedScope scope(this->*row.button);
-            if (rowsInUse_ == 0) {
-                (this->*row.command)();
-            }
-            return;
-        }
+    const auto* const row = std::ranges::find(kTools, item.Name(), &ToolRow::name);
+    if (row == std::end(kTools) || row->command == nullptr) {
+        return;
+    }
+    const Ref<ToolButton> button = this->*row->button;
+    if (adding_ && button == AddCatalogButton) {
+        return; // It stays down: the search through the last folder is still going on.
+    }
+    const Finally letUp([button] { button->Pushed(false); });
+    if (rowsInUse_ == 0) {
+        (this->*row->command)();
     }
 }
 

@@ -19,7 +19,7 @@ void aCatalogsWindow::zDeleteCatalog() {
         return;
     }
     {
-        const RowsInUse rows(*this);
+        const auto rows = UseRows();
         CloseSlot(row);
         CatalogWindows.Remove(row);
         list->RemoveRow(row);

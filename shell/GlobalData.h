@@ -11,20 +11,20 @@
 namespace folimark::GlobalData {
 
 /// The folder of the album that was last created, opened or revealed, not that of any particular window.
-extern Ref<FolderItem> CatalogFolder;
+inline Ref<FolderItem> CatalogFolder;
 /// The Albums window, of which lower levels need no more than that it is a window. Set once, at start.
-extern Ref<Window> CatalogsWindow;
+inline Ref<Window> CatalogsWindow;
 /// Was the last message sheet answered with its cancel button?
-extern bool CancelButtonPressed;
+inline bool CancelButtonPressed = false;
 
 /// The last accepted search, which all album windows share.
-extern std::string HighlightPhrase1;
-extern std::string HighlightPhrase2;
+inline std::string HighlightPhrase1;
+inline std::string HighlightPhrase2;
 /// How the phrases are joined; the numbers of the rows in the dialog's pop-up menu.
 enum HighlightJoin : std::int64_t { kFirstAlone = 0, kBoth = 1, kEither = 2, kFirstButNotSecond = 3 };
-extern std::int64_t HighlightType;
+inline std::int64_t HighlightType = kFirstAlone;
 /// Was the last highlight dialog left with OK?
-extern bool HighlightOK;
+inline bool HighlightOK = false;
 
 /// Shows a notice with one button and waits for it. Kinds: 0 shows no icon, 1 a note's, 2 to 4 a caution's.
 void MessageBox1(std::int64_t kind, const std::string& actionCaption, const std::string& message,

@@ -1,11 +1,16 @@
 #include "PictureResources.h"
 
+#include <map>
+#include <string>
+
 namespace folimark {
 namespace {
 
-const Ref<Picture>& Kept(Ref<Picture>& picture, const char* fileName) {
+Ref<Picture> Resource(const char* name) {
+    static std::map<std::string, Ref<Picture>> kept;
+    Ref<Picture>& picture = kept[name];
     if (!picture) {
-        picture = Picture::FromResource(fileName);
+        picture = Picture::FromResource(std::string(name) + ".png");
     }
     return picture;
 }
@@ -13,38 +18,25 @@ const Ref<Picture>& Kept(Ref<Picture>& picture, const char* fileName) {
 } // namespace
 
 Ref<Picture> AddCatalog() {
-    static Ref<Picture> picture;
-    return Kept(picture, "AddCatalog.png");
+    return Resource("AddCatalog");
 }
-
 Ref<Picture> DeleteCatalog() {
-    static Ref<Picture> picture;
-    return Kept(picture, "DeleteCatalog.png");
+    return Resource("DeleteCatalog");
 }
-
 Ref<Picture> OpenCatalog() {
-    static Ref<Picture> picture;
-    return Kept(picture, "OpenCatalog.png");
+    return Resource("OpenCatalog");
 }
-
 Ref<Picture> StaggerCatalogs() {
-    static Ref<Picture> picture;
-    return Kept(picture, "StaggerCatalogs.png");
+    return Resource("StaggerCatalogs");
 }
-
 Ref<Picture> CloseCatalog() {
-    static Ref<Picture> picture;
-    return Kept(picture, "CloseCatalog.png");
+    return Resource("CloseCatalog");
 }
-
 Ref<Picture> MoviesIcon() {
-    static Ref<Picture> picture;
-    return Kept(picture, "MoviesIcon.png");
+    return Resource("MoviesIcon");
 }
-
 Ref<Picture> MusicIcon() {
-    static Ref<Picture> picture;
-    return Kept(picture, "MusicIcon.png");
+    return Resource("MusicIcon");
 }
 
 } // namespace folimark

@@ -11,62 +11,43 @@ constexpr WindowLayout kLayout{
     .height = 180,
     .minHeight = 64,
     .maxHeight = 32000,
-    .frame = WindowLayout::kSheet,
+    .frame = WindowKind::Sheet,
     .closeButton = false,
     .minimizeButton = false,
-    .resizeable = false,
     .hasBackColor = false,
 };
 
 constexpr ControlRow kControls[] = {
     {.name = "Label4",
      .controlClass = ControlClass::Label,
-     .left = 20,
-     .top = 14,
-     .width = 260,
-     .height = 20,
+     .bounds = {20, 14, 260, 20},
      .tabIndex = 6,
      .text = "Highlight entries containing the phrase:"},
     {.name = "PhraseTextField",
      .controlClass = ControlClass::TextField,
-     .left = 20,
-     .top = 39,
-     .width = 260,
-     .height = 22,
+     .bounds = {20, 39, 260, 22},
      .tabIndex = 7,
      .accessibleName = "Highlight entries containing the phrase"},
     {.name = "ConjunctionPopUpMenu",
      .controlClass = ControlClass::PopupMenu,
-     .left = 20,
-     .top = 73,
-     .width = 260,
-     .height = 20,
+     .bounds = {20, 73, 260, 20},
      .tabIndex = 8,
      .accessibleName = "Qualification"},
     {.name = "ConjoinedPhraseTextField",
      .controlClass = ControlClass::TextField,
-     .left = 20,
-     .top = 105,
-     .width = 260,
-     .height = 22,
+     .bounds = {20, 105, 260, 22},
      .tabIndex = 9,
      .accessibleName = "Second phrase",
      .visible = false},
     {.name = "OKPushButton",
      .controlClass = ControlClass::PushButton,
-     .left = 192,
-     .top = 139,
-     .width = 88,
-     .height = 20,
+     .bounds = {192, 139, 88, 20},
      .tabIndex = 10,
      .text = "OK",
      .isDefault = true},
     {.name = "CancelPushButton",
      .controlClass = ControlClass::PushButton,
-     .left = 20,
-     .top = 139,
-     .width = 88,
-     .height = 20,
+     .bounds = {20, 139, 88, 20},
      .tabIndex = 11,
      .text = "Cancel",
      .isCancel = true},
@@ -94,25 +75,6 @@ void aHilightWindow::_CreateControls0() {
     ConjoinedPhraseTextField()->Open = [this] { ConjoinedPhraseTextField_Open(*ConjoinedPhraseTextField()); };
     OKPushButton()->Action = [this](PushButton& button) { OKPushButton_Action(button); };
     CancelPushButton()->Action = [this](PushButton& button) { CancelPushButton_Action(button); };
-}
-
-Ref<Label> aHilightWindow::Label4() const {
-    return Control<Label>("Label4");
-}
-Ref<TextField> aHilightWindow::PhraseTextField() const {
-    return Control<TextField>("PhraseTextField");
-}
-Ref<PopupMenu> aHilightWindow::ConjunctionPopUpMenu() const {
-    return Control<PopupMenu>("ConjunctionPopUpMenu");
-}
-Ref<TextField> aHilightWindow::ConjoinedPhraseTextField() const {
-    return Control<TextField>("ConjoinedPhraseTextField");
-}
-Ref<PushButton> aHilightWindow::OKPushButton() const {
-    return Control<PushButton>("OKPushButton");
-}
-Ref<PushButton> aHilightWindow::CancelPushButton() const {
-    return Control<PushButton>("CancelPushButton");
 }
 
 void aHilightWindow::PhraseTextField_Open(TextField& field) {

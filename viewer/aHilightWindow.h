@@ -9,12 +9,12 @@ namespace folimark {
 /// new ones in GlobalData; HighlightOK tells whether it was left with OK.
 class aHilightWindow : public Window {
   public:
-    Ref<Label> Label4() const;
-    Ref<TextField> PhraseTextField() const;
-    Ref<PopupMenu> ConjunctionPopUpMenu() const;
-    Ref<TextField> ConjoinedPhraseTextField() const;
-    Ref<PushButton> OKPushButton() const;
-    Ref<PushButton> CancelPushButton() const;
+    Ref<Label> Label4() const { return Control<Label>("Label4"); }
+    Ref<TextField> PhraseTextField() const { return Control<TextField>("PhraseTextField"); }
+    Ref<PopupMenu> ConjunctionPopUpMenu() const { return Control<PopupMenu>("ConjunctionPopUpMenu"); }
+    Ref<TextField> ConjoinedPhraseTextField() const { return Control<TextField>("ConjoinedPhraseTextField"); }
+    Ref<PushButton> OKPushButton() const { return Control<PushButton>("OKPushButton"); }
+    Ref<PushButton> CancelPushButton() const { return Control<PushButton>("CancelPushButton"); }
 
   protected:
     void Layout() override;

@@ -14,11 +14,6 @@ constexpr WindowLayout kLayout{
     .height = 634,
     .minHeight = 64,
     .maxHeight = 700,
-    .frame = WindowLayout::kDocument,
-    .closeButton = true,
-    .minimizeButton = true,
-    .resizeable = false,
-    .hasBackColor = true,
     .backColor = Look::kTint,
 };
 
@@ -36,10 +31,7 @@ constexpr std::string_view kHighlightHelp =
 constexpr ControlRow kControls[] = {
     {.name = "TheListBox",
      .controlClass = ControlClass::Listbox,
-     .left = 20,
-     .top = 52,
-     .width = 1110,
-     .height = 530,
+     .bounds = {20, 52, 1110, 530},
      .tabIndex = 0,
      .accessibleName = "Media files in this album",
      .columnCount = 5,
@@ -48,36 +40,24 @@ constexpr ControlRow kControls[] = {
      .hasHeading = true},
     {.name = "CountLabel",
      .controlClass = ControlClass::Label,
-     .left = 458,
-     .top = 594,
-     .width = 235,
-     .height = 20,
+     .bounds = {458, 594, 235, 20},
      .tabIndex = 3,
      .text = "0 Media Files",
      .helpTag = "The number of media files listed above is shown here.",
      .align = TextAlign::Centre},
     {.name = "TheCanvas",
      .controlClass = ControlClass::Canvas,
-     .left = 1150,
-     .top = 52,
-     .width = 300,
-     .height = 300,
+     .bounds = {1150, 52, 300, 300},
      .tabIndex = 6,
      .accessibleName = "Preview of the selected media file"},
     {.name = "EditPushButton",
      .controlClass = ControlClass::PushButton,
-     .left = 1200,
-     .top = 364,
-     .width = 200,
-     .height = 20,
+     .bounds = {1200, 364, 200, 20},
      .tabIndex = 5,
      .text = "Open Media File  ⌘O"},
     {.name = "FileReturn",
      .controlClass = ControlClass::PushButton,
-     .left = 20,
-     .top = 594,
-     .width = 231,
-     .height = 20,
+     .bounds = {20, 594, 231, 20},
      .tabIndex = 7,
      .text = "Show Folimark Window  ⌘W",
      .helpTag =
@@ -86,29 +66,20 @@ constexpr ControlRow kControls[] = {
      .isCancel = true},
     {.name = "MaxButton",
      .controlClass = ControlClass::PushButton,
-     .left = 968,
-     .top = 594,
-     .width = 162,
-     .height = 20,
+     .bounds = {968, 594, 162, 20},
      .tabIndex = 8,
      .text = "Hide Columns  ⌘H",
      .helpTag = "Click this button to hide or show the Created, Modified and File Size columns."},
     {.name = "AlbumLabel",
      .controlClass = ControlClass::Label,
-     .left = 20,
-     .top = 20,
-     .width = 1430,
-     .height = 20,
+     .bounds = {20, 20, 1430, 20},
      .tabIndex = 9,
      .text = "No Album",
      .helpTag = "This is the list of folders leading to this album.",
      .align = TextAlign::Centre},
     {.name = "RemoveHighlightingPushButton",
      .controlClass = ControlClass::PushButton,
-     .left = 1195,
-     .top = 562,
-     .width = 210,
-     .height = 20,
+     .bounds = {1195, 562, 210, 20},
      .tabIndex = 15,
      .text = "Remove Highlighting  ⌘R",
      .helpTag =
@@ -116,19 +87,13 @@ constexpr ControlRow kControls[] = {
      .enabled = false},
     {.name = "HighlightPushButton",
      .controlClass = ControlClass::PushButton,
-     .left = 1225,
-     .top = 530,
-     .width = 151,
-     .height = 20,
+     .bounds = {1225, 530, 151, 20},
      .tabIndex = 16,
      .text = "Highlight…  ⌘L",
      .helpTag = kHighlightHelp},
     {.name = "HighlightCountLabel",
      .controlClass = ControlClass::Label,
-     .left = 1150,
-     .top = 594,
-     .width = 300,
-     .height = 20,
+     .bounds = {1150, 594, 300, 20},
      .tabIndex = 17,
      .text = "0 Media Files Highlighted",
      .helpTag = "The number of media files that are currently highlighted is shown here.",
@@ -162,37 +127,6 @@ void aListWindow::_CreateControls0() {
         RemoveHighlightingPushButton_Action(button);
     };
     HighlightPushButton()->Action = [this](PushButton& button) { HighlightPushButton_Action(button); };
-}
-
-Ref<Listbox> aListWindow::TheListBox() const {
-    return Control<Listbox>("TheListBox");
-}
-Ref<Label> aListWindow::CountLabel() const {
-    return Control<Label>("CountLabel");
-}
-Ref<Canvas> aListWindow::TheCanvas() const {
-    return Control<Canvas>("TheCanvas");
-}
-Ref<PushButton> aListWindow::EditPushButton() const {
-    return Control<PushButton>("EditPushButton");
-}
-Ref<PushButton> aListWindow::FileReturn() const {
-    return Control<PushButton>("FileReturn");
-}
-Ref<PushButton> aListWindow::MaxButton() const {
-    return Control<PushButton>("MaxButton");
-}
-Ref<Label> aListWindow::AlbumLabel() const {
-    return Control<Label>("AlbumLabel");
-}
-Ref<PushButton> aListWindow::RemoveHighlightingPushButton() const {
-    return Control<PushButton>("RemoveHighlightingPushButton");
-}
-Ref<PushButton> aListWindow::HighlightPushButton() const {
-    return Control<PushButton>("HighlightPushButton");
-}
-Ref<Label> aListWindow::HighlightCountLabel() const {
-    return Control<Label>("HighlightCountLabel");
 }
 
 void aListWindow::Event_Open() {

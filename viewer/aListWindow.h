@@ -32,16 +32,18 @@ class aListWindow : public MenuBarWindow {
     /// The native path of the first folder that the scan could not read; "" if it could read all.
     std::string UnreadFolder;
 
-    Ref<Listbox> TheListBox() const;
-    Ref<Label> CountLabel() const;
-    Ref<Canvas> TheCanvas() const;
-    Ref<PushButton> EditPushButton() const;
-    Ref<PushButton> FileReturn() const;
-    Ref<PushButton> MaxButton() const;
-    Ref<Label> AlbumLabel() const;
-    Ref<PushButton> RemoveHighlightingPushButton() const;
-    Ref<PushButton> HighlightPushButton() const;
-    Ref<Label> HighlightCountLabel() const;
+    Ref<Listbox> TheListBox() const { return Control<Listbox>("TheListBox"); }
+    Ref<Label> CountLabel() const { return Control<Label>("CountLabel"); }
+    Ref<Canvas> TheCanvas() const { return Control<Canvas>("TheCanvas"); }
+    Ref<PushButton> EditPushButton() const { return Control<PushButton>("EditPushButton"); }
+    Ref<PushButton> FileReturn() const { return Control<PushButton>("FileReturn"); }
+    Ref<PushButton> MaxButton() const { return Control<PushButton>("MaxButton"); }
+    Ref<Label> AlbumLabel() const { return Control<Label>("AlbumLabel"); }
+    Ref<PushButton> RemoveHighlightingPushButton() const {
+        return Control<PushButton>("RemoveHighlightingPushButton");
+    }
+    Ref<PushButton> HighlightPushButton() const { return Control<PushButton>("HighlightPushButton"); }
+    Ref<Label> HighlightCountLabel() const { return Control<Label>("HighlightCountLabel"); }
 
     void Event_Open() override;
     void Event_Activate() override;

@@ -1,3 +1,4 @@
+#include "Finally.h"
 #include "GlobalData.h"
 #include "Keyboard.h"
 #include "Look.h"
@@ -8,28 +9,18 @@
 namespace folimark {
 namespace {
 
-/// Hides the list and dims the buttons that would start a second pass, for the length of one.
-class PassScope {
-  public:
-    explicit PassScope(const aListWindow& window)
-        : list_(window.TheListBox()), highlight_(window.HighlightPushButton()),
-          remove_(window.RemoveHighlightingPushButton()) {
-        list_->Visible(false);
-        highlight_->Enabled(false);
-        remove_->Enabled(false);
-    }
-    PassScope(const PassScope&) = delete;
-    PassScope& operator=(const PassScope&) = delete;
-    ~PassScope() {
-        highlight_->Enabled(true);
-        list_->Visible(true);
-    }
-
-  private:
-    Ref<Listbox> list_;
-    Ref<PushButton> highlight_;
-    Ref<PushButton> remove_;
-};
+/// Hides the list and dims the buttons that would start a second pass, for as long as the result lives.
+auto BeginPass(const aListWindow& window) {
+    const Ref<Listbox> list = window.TheListBox();
+    const Ref<PushButton> highlight = window.HighlightPushButton();
+    list->Visible(false);
+    highlight->Enabled(false);
+    window.RemoveHighlightingPushButton()->Enabled(false);
+    return Finally([list, highlight] {
+        highlight->Enabled(true);
+        list->Visible(true);
+    });
+}
 
 bool Matches(bool found1, bool found2, std::int64_t join) {
     switch (join) {
@@ -62,7 +53,7 @@ void aListWindow::HighlightPushButton_Action(PushButton& /*button*/) {
 }
 
 void aListWindow::SearchRows(const Search& search) {
-    const PassScope scope(*this);
+    const auto pass = BeginPass(*this);
     const Ref<Listbox> list = TheListBox();
     NumberHighlighted = 0;
     for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
@@ -80,7 +71,7 @@ void aListWindow::SearchRows(const Search& search) {
 
 void aListWindow::RemoveHighlightingPushButton_Action(PushButton& /*button*/) {
     searchToRepeat_.reset();
-    const PassScope scope(*this);
+    const auto pass = BeginPass(*this);
     NumberHighlighted = 0;
     for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
         Highlighted.Set(i, false);

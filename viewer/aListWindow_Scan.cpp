@@ -1,5 +1,6 @@
 #include "Application.h"
 #include "ColonPath.h"
+#include "Finally.h"
 #include "GlobalData.h"
 #include "Text.h"
 #include "TreeWalk.h"
@@ -27,18 +28,6 @@ constexpr std::string_view kListHelp =
 
 /// Rows after which the hands take turns.
 constexpr std::int64_t kHandRun = 64;
-
-/// Gives the application its cursor back, however the scan ends.
-class CursorKeeper {
-  public:
-    CursorKeeper() : saved_(CurrentApplication()->MouseCursor()) {}
-    CursorKeeper(const CursorKeeper&) = delete;
-    CursorKeeper& operator=(const CursorKeeper&) = delete;
-    ~CursorKeeper() { CurrentApplication()->MouseCursor(saved_); }
-
-  private:
-    MouseCursorShape saved_;
-};
 
 /// Tells when a scan that takes long is to say so (again).
 class ProgressClock {
@@ -71,7 +60,8 @@ void aListWindow::MakeAndShowCatalog() {
         list->ColumnAlignment(column, Listbox::kAlignRight);
     }
     {
-        const CursorKeeper keeper;
+        const Finally restore(
+            [saved = CurrentApplication()->MouseCursor()] { CurrentApplication()->MouseCursor(saved); });
         // Walked as an item of its own, whose entries needn't be kept for as long as the window.
         ListCatalogFileNames(WindowCatalogFolder, GetFolderItem(WindowCatalogFolder->AbsolutePath()));
     }

@@ -1,5 +1,7 @@
 #include "DisplayText.h"
 
+#include "Text.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <unicode/uchar.h>
@@ -51,15 +53,8 @@ bool IsReadFromRight(std::int32_t character) {
     return direction == U_RIGHT_TO_LEFT || direction == U_RIGHT_TO_LEFT_ARABIC;
 }
 
-void Append(std::string& text, std::int32_t character) {
-    std::uint8_t bytes[U8_MAX_LENGTH];
-    std::int32_t size = 0;
-    U8_APPEND_UNSAFE(bytes, size, character);
-    text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size));
-}
-
 void AppendControlPicture(std::string& text, std::int32_t control) {
-    Append(text, control == kDelete ? kDeletePicture : kFirstControlPicture + control);
+    text += Chr(control == kDelete ? kDeletePicture : kFirstControlPicture + control);
 }
 
 /// Appends what stands for a character that can't be shown as it is; false for one that can.

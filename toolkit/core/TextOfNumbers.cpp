@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 namespace folimark {
 namespace {
@@ -31,28 +33,13 @@ std::string Str(std::int64_t value) {
 }
 
 std::string Chr(std::int64_t code) {
-    if (code < 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) {
+    if (code < UCHAR_MIN_VALUE || code > UCHAR_MAX_VALUE || U_IS_SURROGATE(code)) {
         return "";
     }
-    const auto bits = [code](unsigned shift) { return static_cast<unsigned>(code >> shift) & 0x3FU; };
-    std::string result;
-    const auto add = [&result](unsigned byte) { result += static_cast<char>(byte); };
-    if (code < 0x80) {
-        add(static_cast<unsigned>(code));
-    } else if (code < 0x800) {
-        add(0xC0U | bits(6));
-        add(0x80U | bits(0));
-    } else if (code < 0x10000) {
-        add(0xE0U | bits(12));
-        add(0x80U | bits(6));
-        add(0x80U | bits(0));
-    } else {
-        add(0xF0U | bits(18));
-        add(0x80U | bits(12));
-        add(0x80U | bits(6));
-        add(0x80U | bits(0));
-    }
-    return result;
+    std::array<std::uint8_t, U8_MAX_LENGTH> bytes{};
+    std::size_t length = 0;
+    U8_APPEND_UNSAFE(bytes, length, static_cast<UChar32>(code));
+    return {reinterpret_cast<const char*>(bytes.data()), length};
 }
 
 std::string Format(double value, std::string_view mask) {

@@ -1,5 +1,6 @@
 #include "Yield.h"
 
+#include "Finally.h"
 #include "ListedItem.h"
 
 #include <chrono>
@@ -22,14 +23,6 @@ std::function<void()>& Handler() {
 Clock::time_point lastYield;
 bool due = true;
 
-/// Notes when the yield ended, however it did.
-struct YieldEnd {
-    YieldEnd() = default;
-    YieldEnd(const YieldEnd&) = delete;
-    YieldEnd& operator=(const YieldEnd&) = delete;
-    ~YieldEnd() { lastYield = Clock::now(); }
-};
-
 } // namespace
 
 std::function<void()> SetYieldHandler(std::function<void()> handler) {
@@ -43,7 +36,7 @@ void RuntimeBackgroundTask() {
     }
     due = false;
     ListedItem::Walked(nullptr);
-    const YieldEnd end;
+    const Finally noteEnd([] { lastYield = Clock::now(); });
     const std::function<void()> handler = Handler(); // it may be replaced while it runs
     handler();
 }

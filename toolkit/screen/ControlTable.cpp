@@ -50,7 +50,7 @@ void BuildControls(Window& window, std::span<const ControlRow> rows) {
     std::vector<std::pair<int, Ref<RectControl>>> tabOrder;
     for (const ControlRow& row : rows) {
         const Ref<RectControl> control = MakeControl(row);
-        window.AddControl(control, row.name, row.left, row.top, row.width, row.height);
+        window.AddControl(control, row.name, row.bounds);
         control->HelpTag(std::string(row.helpTag));
         control->AccessibleName(std::string(row.accessibleName));
         control->Enabled(row.enabled);

@@ -22,10 +22,7 @@ enum class ControlClass : std::uint8_t { Listbox, Canvas, PushButton, Label, Tex
 struct ControlRow {
     std::string_view name{};
     ControlClass controlClass = ControlClass::Label;
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
+    Bounds bounds{};
     int tabIndex = 0;        ///< the keyboard focus goes through the window in this order
     std::string_view text{}; ///< caption or text
     std::string_view helpTag{};

@@ -13,6 +13,14 @@ class Window;
 class WindowFrame;
 struct NativeControl;
 
+/// A place in a window's content, in logical pixels.
+struct Bounds {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
 /// The common base of all controls. It holds a control's properties; the widget that shows them belongs to
 /// the window system and goes with the window, after which the properties still answer and writing them does
 /// no harm. Positions and sizes are logical pixels, relative to the window's content.
@@ -21,10 +29,10 @@ class RectControl : public Object {
     ~RectControl() override;
 
     const std::string& Name() const { return name_; }
-    int Left() const { return left_; }
-    int Top() const { return top_; }
-    int Width() const { return width_; }
-    virtual int Height() const { return height_; }
+    int Left() const { return bounds_.left; }
+    int Top() const { return bounds_.top; }
+    int Width() const { return bounds_.width; }
+    virtual int Height() const { return bounds_.height; }
     void Height(int height);
 
     bool Enabled() const { return enabled_; }
@@ -61,7 +69,7 @@ class RectControl : public Object {
 
   private:
     friend class Window;
-    void Attach(Window& owner, std::string name, int left, int top, int width, int height);
+    void Attach(Window& owner, std::string name, const Bounds& bounds);
     void Detach();
 
     std::unique_ptr<NativeControl> native_;
@@ -69,10 +77,7 @@ class RectControl : public Object {
     std::string name_;
     std::string helpTag_;
     std::string accessibleName_;
-    int left_ = 0;
-    int top_ = 0;
-    int width_ = 0;
-    int height_ = 0;
+    Bounds bounds_;
     bool enabled_ = true;
     bool visible_ = true;
     bool hiddenWithFocus_ = false;

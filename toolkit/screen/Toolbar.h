@@ -3,6 +3,7 @@
 #include "Picture.h"
 #include "RectControl.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace folimark {
@@ -36,15 +37,18 @@ class ToolItem : public Object {
     bool enabled_ = true;
 };
 
+/// The styles that are in use.
+enum class ToolStyle : std::uint8_t {
+    Plain = 0,
+    Pushes = 2,   ///< shows as pushed after a click until Pushed is set to False
+    Separator = 6 ///< a gap between groups of buttons
+};
+
 /// A button on a toolbar.
 class ToolButton : public ToolItem {
   public:
-    /// Values of Style that are in use.
-    static constexpr int kPushes = 2;    ///< shows as pushed after a click until Pushed is set to False
-    static constexpr int kSeparator = 6; ///< a gap between groups of buttons
-
-    int Style() const { return style_; }
-    void Style(int style) { style_ = style; }
+    ToolStyle Style() const { return style_; }
+    void Style(ToolStyle style) { style_ = style; }
     const Ref<Picture>& Icon() const { return icon_; }
     void Icon(Ref<Picture> icon);
     bool Pushed() const { return pushed_; }
@@ -52,7 +56,7 @@ class ToolButton : public ToolItem {
 
   private:
     Ref<Picture> icon_;
-    int style_ = 0;
+    ToolStyle style_ = ToolStyle::Plain;
     bool pushed_ = false;
 };
 

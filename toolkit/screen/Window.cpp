@@ -3,6 +3,7 @@
 #include "Application.h"
 #include "Canvas.h"
 #include "EventGate.h"
+#include "Finally.h"
 #include "NativeWindow.h"
 #include "OpenWindows.h"
 #include "ToolkitKey.h"
@@ -52,9 +53,8 @@ void Window::Apply(const WindowLayout& layout) {
 
 void Window::AddMenuHandlers(Window& /*window*/) {}
 
-void Window::AddControl(Ref<RectControl> control, std::string_view name, int left, int top, int width,
-                        int height) {
-    control->Attach(*this, std::string(name), left, top, width, height);
+void Window::AddControl(Ref<RectControl> control, std::string_view name, const Bounds& bounds) {
+    control->Attach(*this, std::string(name), bounds);
     controls_.push_back(std::move(control));
 }
 
@@ -81,7 +81,7 @@ void Window::Show() {
         state_ = State::Open;
         AddOpenWindow(self);
         native_->Prepare();
-        if (layout_.frame == WindowLayout::kDocument) {
+        if (layout_.frame == WindowKind::Document) {
             native_->PlaceFirst();
         }
     }
@@ -124,23 +124,15 @@ void Window::Close() {
         return;
     }
     const Ref<Window> self(this);
-    struct Asking { // Meanwhile the window can't be closed or shown by others.
-        explicit Asking(State& windowState)
-            : state(windowState), before(std::exchange(state, State::Closing)) {}
-        Asking(const Asking&) = delete;
-        Asking& operator=(const Asking&) = delete;
-        ~Asking() { state = before; }
-        State& state;
-        State before;
-    };
-    bool stays = false;
-    {
-        const Asking asking(state_);
-        stays = Event_CancelClose(IsQuitting());
-    }
-    if (!stays) {
+    if (!AsksToStay()) {
         CloseUnasked();
     }
+}
+
+bool Window::AsksToStay() {
+    // Meanwhile the window can't be closed or shown by others.
+    const Finally restore([this, before = std::exchange(state_, State::Closing)] { state_ = before; });
+    return Event_CancelClose(IsQuitting());
 }
 
 void Window::CloseUnasked() {
@@ -150,10 +142,7 @@ void Window::CloseUnasked() {
     const Ref<Window> self(this);
     state_ = State::Closing;
     // The window goes down also when its Close event fails.
-    struct Finally {
-        Window& window;
-        ~Finally() { window.TakeDown(kToolkit); }
-    } const finally{*this};
+    const Finally takeDown([this] { TakeDown(kToolkit); });
     Event_Close();
 }
 

@@ -16,17 +16,16 @@ namespace folimark {
 class NativeWindow;
 class ToolkitKey;
 
+enum class WindowKind : std::uint8_t { Document = 0, Sheet = 8 };
+
 /// What is fixed about a kind of window. Sizes are those of the content, in logical pixels.
 struct WindowLayout {
-    static constexpr int kDocument = 0;
-    static constexpr int kSheet = 8;
-
     std::string_view title{};
     int width = 0;
     int height = 0;
     int minHeight = 0;
     int maxHeight = 0; ///< the width is fixed for all of the application's windows
-    int frame = kDocument;
+    WindowKind frame = WindowKind::Document;
     bool closeButton = true;
     bool minimizeButton = true;
     bool resizeable = false;
@@ -91,8 +90,7 @@ class Window : public Object {
     void MenuHandler(const std::string& itemName, std::function<bool()> handler);
 
     /// Takes a control into the window; the builder of control tables calls it.
-    void AddControl(Ref<RectControl> control, std::string_view name, int left, int top, int width,
-                    int height);
+    void AddControl(Ref<RectControl> control, std::string_view name, const Bounds& bounds);
 
     /// \name For the toolkit
     /// @{
@@ -150,6 +148,7 @@ class Window : public Object {
     Ref<RectControl> FindControl(std::string_view name) const;
     [[noreturn]] void RaiseNoControl(std::string_view name) const;
     void RunFirstActivate();
+    bool AsksToStay();
 
     enum class State : std::uint8_t { Made, Open, Closing, Closed };
 

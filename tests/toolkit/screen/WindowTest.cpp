@@ -116,8 +116,7 @@ class Probe : public Window {
     void CreateControls() override {
         static constexpr ControlRow kControls[] = {{.name = "Button",
                                                     .controlClass = ControlClass::PushButton,
-                                                    .width = 80,
-                                                    .height = 20,
+                                                    .bounds = {0, 0, 80, 20},
                                                     .text = "Go"}};
         BuildControls(*this, kControls);
         Control<PushButton>("Button")->Open = [] { events += "Button.Open "; };

@@ -13,18 +13,15 @@ RectControl::RectControl() : native_(std::make_unique<NativeControl>()) {}
 
 RectControl::~RectControl() = default;
 
-void RectControl::Attach(Window& owner, std::string name, int left, int top, int width, int height) {
+void RectControl::Attach(Window& owner, std::string name, const Bounds& bounds) {
     owner_ = &owner;
     name_ = std::move(name);
-    left_ = left;
-    top_ = top;
-    width_ = width;
-    height_ = height;
+    bounds_ = bounds;
     MakeWidget(static_cast<WindowFrame&>(*owner.Native(kToolkit)));
     QWidget* widget = native_->widget;
     widget->setObjectName(ToQString(name_));
-    if (width > 0) {
-        widget->setGeometry(left, top, width, height);
+    if (bounds.width > 0) {
+        widget->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
     }
     widget->setEnabled(enabled_);
     widget->setVisible(visible_);
@@ -38,7 +35,7 @@ void RectControl::Detach() {
 }
 
 void RectControl::Height(int height) {
-    height_ = height;
+    bounds_.height = height;
     if (native_->widget) {
         native_->widget->resize(native_->widget->width(), height);
     }

@@ -89,7 +89,7 @@ void Toolbar::Append(const Ref<ToolItem>& item) {
         return;
     }
     const Ref<ToolButton> button = item.As<ToolButton>();
-    if (button && button->Style() == ToolButton::kSeparator) {
+    if (button && button->Style() == ToolStyle::Separator) {
         item->Native().action = bar->addSeparator();
         return;
     }
@@ -107,7 +107,7 @@ void Toolbar::Append(const Ref<ToolItem>& item) {
     }
     QObject::connect(action, &QAction::triggered, &Native().connections, [this, item, button] {
         FromUser([this, item, button] {
-            if (button && button->Style() == ToolButton::kPushes) {
+            if (button && button->Style() == ToolStyle::Pushes) {
                 button->Pushed(true);
             }
             if (const auto handler = Action) {

@@ -44,7 +44,7 @@ constexpr QPoint kFirstPlace(24, 24);
 constexpr int kMostCorrections = 2;
 
 Qt::WindowFlags FlagsOf(const WindowLayout& layout) {
-    if (layout.frame == WindowLayout::kSheet) {
+    if (layout.frame == WindowKind::Sheet) {
         return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
     }
     Qt::WindowFlags flags =
