@@ -84,7 +84,7 @@ void AddMenu(MenuBar& bar, std::span<const MenuRow> rows) {
 } // namespace
 
 Ref<class DefaultMenuBar> DefaultMenuBar() {
-    static const Ref<class DefaultMenuBar> bar = New<class DefaultMenuBar>();
+    static const auto& bar = *new Ref<class DefaultMenuBar>(New<class DefaultMenuBar>()); // as windows do
     return bar;
 }
 

@@ -12,8 +12,9 @@ namespace folimark::GlobalData {
 
 /// The folder of the album that was last created, opened or revealed, not that of any particular window.
 inline Ref<FolderItem> CatalogFolder;
-/// The Albums window, of which lower levels need no more than that it is a window. Set once, at start.
-inline Ref<Window> CatalogsWindow;
+/// The Albums window, of which lower levels need no more than that it is a window. Set once, at start. The
+/// handle is never destroyed: the process may end with the window open.
+inline Ref<Window>& CatalogsWindow = *new Ref<Window>;
 /// Was the last message sheet answered with its cancel button?
 inline bool CancelButtonPressed = false;
 

@@ -48,6 +48,16 @@ TEST(Start, TheApplicationEndsInOrder) {
     }
 }
 
+TEST(Start, TheWindowSystemMayEndTheProcess) {
+    const TestFolder folder{"a.jpg"};
+    ListOneAlbum(folder);
+    EXPECT_EXIT(RunToEnd([] {
+                    DoubleClickRow(Albums(), 0);
+                    std::exit(1); // as it does when its server has gone
+                }),
+                testing::ExitedWithCode(1), "");
+}
+
 TEST(Start, AnExceptionInAHandlerIsShownOnceAndEndsTheApplication) {
     const TestFolder folder{"a.jpg"};
     ListOneAlbum(folder);

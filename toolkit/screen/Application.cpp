@@ -15,7 +15,7 @@ namespace folimark {
 namespace {
 
 Ref<Application>& TheApplication() {
-    static Ref<Application> application;
+    static auto& application = *new Ref<Application>; // outlives all windows, as these do (OpenWindows.cpp)
     return application;
 }
 

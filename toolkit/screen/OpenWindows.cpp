@@ -5,8 +5,10 @@
 namespace folimark {
 namespace {
 
+/// Never destroyed: where the window system ends the process (its server has gone, say), windows are still
+/// open, and what they need has gone before.
 std::vector<Ref<Window>>& TheWindows() {
-    static std::vector<Ref<Window>> windows;
+    static auto& windows = *new std::vector<Ref<Window>>;
     return windows;
 }
 
