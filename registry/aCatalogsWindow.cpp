@@ -31,6 +31,10 @@ constexpr std::string_view kListHelp =
     "To navigate the list with the keyboard, use the ↑, ↓, home (or fn←), end (or fn→), page up (or fn↑) "
     "and page down (or fn↓) keys.";
 
+constexpr std::string_view kEmptyText =
+    "There are no albums yet.\n\n"
+    "Create Album makes one from a folder with pictures, films, sounds or PDF files.";
+
 constexpr ControlRow kControls[] = {
     {.name = "TheListBox",
      .controlClass = ControlClass::Listbox,
@@ -65,6 +69,11 @@ void aCatalogsWindow::_CreateControls0() {
     TheListBox()->Change = [this](Listbox& list) { TheListBox_Change(list); };
     TheListBox()->DoubleClick = [this](Listbox& list) { TheListBox_DoubleClick(list); };
 
+    TheListBox()->CellNote = [this](Listbox&, std::int64_t row, int) { return NoteOfRow(row); };
+    TheListBox()->ContextMenu = [this](Listbox&) { return CommandsOfRow(); };
+    TheListBox()->CopyText = [this](Listbox&) { return PathOfSelectedRow(); };
+    TheListBox()->EmptyText(std::string(kEmptyText));
+
     const Ref<aCatalogsToolBar> toolbar = New<aCatalogsToolBar>();
     toolbar->Action = [this](Toolbar& bar, ToolItem& item) { CatalogsToolBar_Action(bar, item); };
     toolbar->Open = [this] { CatalogsToolBar_Open(*CatalogsToolBar()); };
@@ -90,9 +99,7 @@ void aCatalogsWindow::TheListBox_Change(Listbox& list) {
 }
 
 void aCatalogsWindow::TheListBox_DoubleClick(Listbox& /*list*/) {
-    if (rowsInUse_ == 0) {
-        zOpenCatalog();
-    }
+    RunCommand(&aCatalogsWindow::zOpenCatalog);
 }
 
 void aCatalogsWindow::Event_Open() {

@@ -93,6 +93,15 @@ class aCatalogsWindow : public MenuBarWindow {
     bool _HelpFolimarkHelp_Action();
     bool _RevealItem_Action();
 
+    /// The native path of the selected album's folder; "" if there is none.
+    std::string PathOfSelectedRow() const;
+    std::vector<ContextCommand> CommandsOfRow();
+    /// For an album that has another one's name: the native path of the folder that its own lies in. "" for
+    /// others.
+    std::string NoteOfRow(std::int64_t row) const;
+    /// Runs a command of the toolbar or of a row, unless a loop is using the rows.
+    void RunCommand(void (aCatalogsWindow::*command)());
+
     /// Sets the window's height by the number of lines read plus one.
     void FitHeight(std::int64_t n);
     void FollowHeight();

@@ -65,9 +65,7 @@ void aCatalogsWindow::CatalogsToolBar_Action(Toolbar& /*toolbar*/, ToolItem& ite
         return; // It stays down: the search through the last folder is still going on.
     }
     const Finally letUp([button] { button->Pushed(false); });
-    if (rowsInUse_ == 0) {
-        (this->*row->command)();
-    }
+    RunCommand(row->command);
 }
 
 } // namespace folimark

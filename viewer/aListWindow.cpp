@@ -119,6 +119,10 @@ void aListWindow::_CreateControls0() {
                                                int column) {
         return TheListBox_CellBackgroundPaint(list, graphics, row, column);
     };
+    TheListBox()->RowMarked = [this](Listbox& list, std::int64_t row) { return IsHighlighted(list, row); };
+    TheListBox()->MarkColor(Look::kHighlightedRow);
+    TheListBox()->ContextMenu = [this](Listbox&) { return CommandsOfRow(); };
+    TheListBox()->CopyText = [this](Listbox&) { return PathOfSelectedRow(); };
     TheCanvas()->DoubleClick = [this](Canvas& canvas, int x, int y) { TheCanvas_DoubleClick(canvas, x, y); };
     EditPushButton()->Action = [this](PushButton& button) { EditPushButton_Action(button); };
     FileReturn()->Action = [this](PushButton& button) { FileReturn_Action(button); };

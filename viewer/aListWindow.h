@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace folimark {
 
@@ -116,6 +117,14 @@ class aListWindow : public MenuBarWindow {
     /// The picture for the canvas that says a short text instead.
     Ref<Picture> ComposeNotice(const std::string& text);
     void OpenSelectedFile();
+    /// The file of the selected row; nil if there is none, or its path leads nowhere.
+    Ref<FolderItem> SelectedFile() const;
+    /// The native path; "" if there is none.
+    std::string PathOfSelectedRow() const;
+    std::vector<ContextCommand> CommandsOfRow();
+    /// Is there a row, with a flag that is set? Asked of positions behind the last row too, and of rows whose
+    /// flag the scan hasn't made yet.
+    bool IsHighlighted(const Listbox& list, std::int64_t row) const;
     /// Highlights the rows whose names hold the phrases.
     void SearchRows(const Search& search);
     void ShowHighlightCount();

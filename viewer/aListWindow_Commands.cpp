@@ -1,3 +1,4 @@
+#include "Clipboard.h"
 #include "GlobalData.h"
 #include "aListWindow.h"
 #include "aListWindow_Columns.h"
@@ -5,14 +6,33 @@
 namespace folimark {
 
 void aListWindow::OpenSelectedFile() {
-    if (TheListBox()->ListIndex() < 0) {
-        return; // The scan hasn't come to an end yet.
-    }
-    const std::string path = TheListBox()->RowTag(TheListBox()->ListIndex());
     // A path that leads nowhere has nothing to open, and a file that has gone is for the desktop to tell.
-    if (const Ref<FolderItem> file = GetFolderItem(path, 0)) {
+    if (const Ref<FolderItem> file = SelectedFile()) {
         file->Launch(true);
     }
+}
+
+Ref<FolderItem> aListWindow::SelectedFile() const {
+    const Ref<Listbox> list = TheListBox();
+    return list->ListIndex() < 0 ? Ref<FolderItem>() : GetFolderItem(list->RowTag(list->ListIndex()), 0);
+}
+
+std::string aListWindow::PathOfSelectedRow() const {
+    const Ref<FolderItem> file = SelectedFile();
+    return file ? file->NativePath() : "";
+}
+
+std::vector<ContextCommand> aListWindow::CommandsOfRow() {
+    const bool hasFile = static_cast<bool>(SelectedFile());
+    return {{"Open Media File", hasFile, [this] { OpenSelectedFile(); }},
+            {"Reveal in the File Browser", hasFile,
+             [this] {
+                 if (const Ref<FolderItem> file = SelectedFile()) {
+                     file->Parent()->Launch(true);
+                 }
+             }},
+            {"Copy Path", hasFile, [this] { CopyToClipboard(PathOfSelectedRow()); }},
+            {"Highlight…", HighlightPushButton()->Enabled(), [this] { HighlightPushButton()->Push(); }}};
 }
 
 void aListWindow::EditPushButton_Action(PushButton& /*button*/) {

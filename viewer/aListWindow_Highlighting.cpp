@@ -83,13 +83,16 @@ void aListWindow::RemoveHighlightingPushButton_Action(PushButton& /*button*/) {
 void aListWindow::ShowHighlightCount() {
     HighlightCountLabel()->Text(Str(NumberHighlighted) + " Media Files Highlighted");
     RemoveHighlightingPushButton()->Enabled(NumberHighlighted > 0);
+    TheListBox()->MarksChanged();
+}
+
+bool aListWindow::IsHighlighted(const Listbox& list, std::int64_t row) const {
+    return row <= list.LastIndex() && row <= Highlighted.Ubound() && Highlighted(row);
 }
 
 bool aListWindow::TheListBox_CellBackgroundPaint(Listbox& list, class Graphics& graphics, std::int64_t row,
                                                  int /*column*/) {
-    // Cells behind the last row are painted too, and rows whose flag the scan hasn't made yet.
-    const bool highlighted = row <= list.LastIndex() && row <= Highlighted.Ubound() && Highlighted(row);
-    graphics.ForeColor(highlighted ? Look::kHighlightedRow : Look::Stripe(row));
+    graphics.ForeColor(IsHighlighted(list, row) ? Look::kHighlightedRow : Look::Stripe(row));
     graphics.FillRect(0, 0, graphics.Width(), graphics.Height());
     return false;
 }

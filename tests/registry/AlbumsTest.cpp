@@ -6,6 +6,8 @@
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 
 #include <filesystem>
@@ -189,16 +191,32 @@ TEST(Albums, AnAlbumOnADiskThatMayBeAwayStays) {
     }
 }
 
-TEST(Albums, RevealShowsTheSelectedFolder) {
-    const TestFolder folder{"A/a.jpg", "B/a.jpg"};
+TEST(Albums, ARowHasItsCommandsAndTellsItsFolderFromAnotherOfItsName) {
+    const TestFolder folder{"A/a.jpg", "Z/A/a.jpg"};
     const RunningApplication application;
     Choose("File", "Reveal Album in Finder");
     EXPECT_TRUE(RunningApplication::Launched().empty());
+    const Ref<aCatalogsWindow> albums = application.Albums();
+    const Ref<Listbox> list = albums->TheListBox();
     application.AddAlbum(folder.Path("A"));
-    application.AddAlbum(folder.Path("B"));
-    ClickRow(application.Albums(), 0);
+    EXPECT_EQ(list->CellNote(*list, 0, 0), "");
+    application.AddAlbum(folder.Path("Z/A"));
+    EXPECT_EQ(list->CellNote(*list, 1, 0), folder.Path("Z"));
+    ClickRow(albums, 0);
     Press(Qt::Key_F, Qt::ControlModifier);
-    EXPECT_EQ(RunningApplication::Launched(), std::vector{folder.Path("A")});
+    ChooseForRow(albums, 1, "Reveal in the File Browser");
+    EXPECT_EQ(RunningApplication::Launched(), (std::vector{folder.Path("A"), folder.Path("Z/A")}));
+    EXPECT_THROW(ChooseForRow(albums, 0, "Close Album"), RobotFailure);
+    ChooseForRow(albums, 0, "Open Album");
+    EXPECT_EQ(application.Labels(), "A*, A");
+    ChooseForRow(application.Album(0), 0, "Copy Path");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), folder.Path("A/a.jpg"));
+    ChooseForRow(albums, 0, "Close Album");
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), folder.Path("A"));
+    const Answers answers{{"Trash the “A” album?", "Trash"}};
+    ChooseForRow(albums, 0, "Trash Album");
+    EXPECT_EQ(RunningApplication::ListFile(), folder.Item("Z/A")->AbsolutePath() + "\n");
 }
 
 } // namespace

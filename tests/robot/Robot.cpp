@@ -10,9 +10,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QHeaderView>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPainter>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
@@ -27,13 +24,6 @@ constexpr int kLimit = 10'000;
 std::string Named(const QWidget& widget) {
     const QString name = widget.objectName();
     return "“" + ToText(name.isEmpty() ? widget.windowTitle() : name) + "”";
-}
-
-/// A caption as a person reads it: without the mark of its mnemonic, and without its shortcut.
-QString Read(QString caption) {
-    caption.replace(QLatin1String("&&"), QLatin1String("\n")).remove(QLatin1Char('&'));
-    caption.replace(QLatin1Char('\n'), QLatin1Char('&'));
-    return caption.section(QLatin1String("  "), 0, 0);
 }
 
 /// Raises what keeps a person from using the widget at that place of it.
@@ -87,7 +77,7 @@ QTableView& ListOf(const Ref<Window>& window) {
     throw RobotFailure("The window “" + window->Title() + "” has no list.");
 }
 
-void ClickInList(const Ref<Window>& window, int row, bool twice) {
+void ClickInList(const Ref<Window>& window, int row, bool twice, Qt::MouseButton button = Qt::LeftButton) {
     QTableView& list = ListOf(window);
     Settle(); // New rows come to the screen in batches.
     const QModelIndex index = list.model()->index(row, 0);
@@ -95,23 +85,16 @@ void ClickInList(const Ref<Window>& window, int row, bool twice) {
         throw RobotFailure("The list has no row " + std::to_string(row) + ".");
     }
     list.scrollTo(index); // As the wheel would.
-    ClickAt(*list.viewport(), list.visualRect(index).center(), twice);
-}
-
-QMenu& OpenMenu(const std::string& menu) {
-    auto* frame = dynamic_cast<QMainWindow*>(QApplication::activeWindow());
-    QMenuBar* bar = frame == nullptr ? nullptr : frame->menuBar();
-    for (QAction* action : bar == nullptr ? QList<QAction*>() : bar->actions()) {
-        if (Read(action->text()) == ToQString(menu)) {
-            ClickAt(*bar, bar->actionGeometry(action).center());
-            WaitFor([action] { return action->menu()->isVisible(); }, "the menu “" + menu + "” is open");
-            return *action->menu();
-        }
-    }
-    throw RobotFailure("The front window has no menu “" + menu + "”.");
+    ClickAt(*list.viewport(), list.visualRect(index).center(), twice, button);
 }
 
 } // namespace
+
+QString Read(QString caption) {
+    caption.replace(QLatin1String("&&"), QLatin1String("\n")).remove(QLatin1Char('&'));
+    caption.replace(QLatin1Char('\n'), QLatin1Char('&'));
+    return caption.section(QLatin1String("  "), 0, 0);
+}
 
 WindowFrame& FrameOf(const Ref<Window>& window) {
     auto* frame = static_cast<WindowFrame*>(window->Native(kToolkit));
@@ -148,15 +131,15 @@ std::string FrontTitle() {
     return window == nullptr ? "" : ToText(window->windowTitle());
 }
 
-void ClickAt(QWidget& widget, QPoint place, bool twice) {
+void ClickAt(QWidget& widget, QPoint place, bool twice, Qt::MouseButton button) {
     CheckUsable(widget, place);
     QWidget& window = *widget.window();
     BringForward(window);
     const QPoint inWindow = widget.mapTo(&window, place);
     if (twice) {
-        QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, {}, inWindow);
+        QTest::mouseDClick(window.windowHandle(), button, {}, inWindow);
     } else {
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, inWindow);
+        QTest::mouseClick(window.windowHandle(), button, {}, inWindow);
     }
     Settle();
 }
@@ -176,6 +159,10 @@ void ClickRow(const Ref<Window>& window, int row) {
 
 void DoubleClickRow(const Ref<Window>& window, int row) {
     ClickInList(window, row, true);
+}
+
+void ClickRowWithRightButton(const Ref<Window>& window, int row) {
+    ClickInList(window, row, false, Qt::RightButton);
 }
 
 void ClickBelowRows(const Ref<Window>& window) {
@@ -249,46 +236,6 @@ void Type(const std::string& text) {
         QTest::sendKeyEvent(QTest::Click, &Front(), Qt::Key_unknown, QString(character), Qt::NoModifier);
     }
     Settle();
-}
-
-void Choose(const std::string& menu, const std::string& item) {
-    QMenu& opened = OpenMenu(menu);
-    for (QAction* action : opened.actions()) {
-        if (Read(action->text()) != ToQString(item) || !action->isVisible()) {
-            continue;
-        }
-        if (!action->isEnabled()) {
-            opened.close();
-            throw RobotFailure("The menu item “" + item + "” is disabled.");
-        }
-        ClickAt(opened, opened.actionGeometry(action).center());
-        return;
-    }
-    opened.close();
-    throw RobotFailure("The menu “" + menu + "” has no item “" + item + "”.");
-}
-
-std::string EnabledItems(const std::string& menu) {
-    QMenu& opened = OpenMenu(menu);
-    QStringList items;
-    for (const QAction* action : opened.actions()) {
-        if (action->isEnabled() && !action->isSeparator()) {
-            items.append(Read(action->text()));
-        }
-    }
-    opened.close();
-    Settle();
-    return ToText(items.join(QLatin1String(", ")));
-}
-
-QImage PictureOfMenu(const std::string& menu) {
-    QMenu& opened = OpenMenu(menu);
-    QWidget& frame = *QApplication::activeWindow();
-    QImage picture = frame.grab().toImage();
-    QPainter(&picture).drawPixmap(frame.mapFromGlobal(opened.pos()), opened.grab());
-    opened.close();
-    Settle();
-    return picture;
 }
 
 QWidget& WidgetOf(const Ref<Window>& window, const std::string& control) {

@@ -44,6 +44,9 @@ std::string FrontTitle();
 void Click(const Ref<Window>& window, const std::string& button);
 void ClickRow(const Ref<Window>& window, int row);
 void DoubleClickRow(const Ref<Window>& window, int row);
+void ClickRowWithRightButton(const Ref<Window>& window, int row);
+/// Opens the menu of a row and chooses an item.
+void ChooseForRow(const Ref<Window>& window, int row, const std::string& item);
 /// Clicks into the empty part of the list.
 void ClickBelowRows(const Ref<Window>& window);
 void ClickHeading(const Ref<Window>& window, const std::string& heading);
@@ -74,7 +77,9 @@ QImage PictureOf(const Ref<Window>& window);
 
 /// For what the robot is made of: a button of a dialog, a place in a widget.
 void ClickButtonOf(QWidget& dialog, const std::string& button);
-void ClickAt(QWidget& widget, QPoint place, bool twice = false);
+void ClickAt(QWidget& widget, QPoint place, bool twice = false, Qt::MouseButton button = Qt::LeftButton);
+/// A caption as a person reads it: without the mark of its mnemonic, and without its shortcut.
+QString Read(QString caption);
 /// If no window has the keyboard, because the one that had it has closed, the one before gets it, as a window
 /// manager does it.
 void GiveKeyboardToSomebody();

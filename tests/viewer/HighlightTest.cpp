@@ -1,5 +1,6 @@
 #include "Answers.h"
 #include "GlobalData.h"
+#include "Look.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 #include "aHilightWindow.h"
@@ -8,6 +9,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QScrollBar>
+#include <QTableView>
 #include <QWindow>
 
 namespace folimark::test {
@@ -107,6 +110,26 @@ TEST(Highlight, TabGoesRoundTheMarkedRows) {
     Search(album, "x", 0, "");
     ClickHeading(album, "Media files in this album");
     EXPECT_EQ(Marks(album), "..x..x...x");
+}
+
+TEST(Highlight, MarksOnTheScrollBarLeadToTheirRows) {
+    const TestFolder folder;
+    for (int i = 1000; i < 1300; ++i) {
+        folder.Write(std::to_string(i) + ".wav");
+    }
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    Search(album, "1200", 0, "");
+    auto& bar = *dynamic_cast<QTableView&>(WidgetOf(album, "TheListBox")).verticalScrollBar();
+    const QImage picture = bar.grab().toImage();
+    int mark = bar.height() - 1;
+    while (mark > 0 && (picture.pixel(bar.width() / 2, mark) & 0xFFFFFF) != Look::kHighlightedRow) {
+        --mark;
+    }
+    ClickAt(bar, QPoint(bar.width() / 2, mark));
+    EXPECT_EQ(album->TheListBox()->ListIndex(), 200);
+    Choose("Edit", "Remove Highlighting");
+    EXPECT_NE(bar.grab().toImage().pixel(bar.width() / 2, mark), picture.pixel(bar.width() / 2, mark));
 }
 
 TEST(Highlight, TheDialogKeepsTheLastAcceptedSearch) {

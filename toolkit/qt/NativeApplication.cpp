@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "EventGate.h"
+#include "HelpTags.h"
 #include "OpenWindows.h"
 #include "PlatformText.h"
 #include "Resources.h"
@@ -95,6 +96,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
     }
     QGuiApplication::setWindowIcon(icon);
     application->installEventFilter(new ShortcutWatch(application));
+    application->installEventFilter(new HelpTags(application));
     InstallAccessibility();
     MakeDimmedTextReadable();
     SetYieldHandler([] { LetEventsIn([] { QCoreApplication::processEvents(); }); });

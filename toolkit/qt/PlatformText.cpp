@@ -10,6 +10,10 @@ namespace {
 const QString kCommandSign = QStringLiteral("⌘");
 const QString kCommandKey = QStringLiteral("Ctrl+");
 
+/// A name without blanks may be broken after so many characters, with a blank that has no width.
+constexpr qsizetype kNameRun = 48;
+const QString kBreakHere = QStringLiteral("\u200B");
+
 } // namespace
 
 QString ToQString(std::string_view text) {
@@ -39,6 +43,14 @@ QString AsToolTip(std::string_view text) {
     // Only rich text wraps in a tooltip.
     QString html = QStringLiteral("<p>");
     html += WithPlatformKeys(text).toHtmlEscaped().replace(QLatin1Char('\r'), QLatin1String("<br/>"));
+    return html + QStringLiteral("</p>");
+}
+
+QString AsWholeName(const QString& displayed) {
+    QString html = QStringLiteral("<p style=\"white-space:pre-wrap\">");
+    for (qsizetype start = 0; start < displayed.size(); start += kNameRun) {
+        html += (start > 0 ? kBreakHere : QString()) + displayed.mid(start, kNameRun).toHtmlEscaped();
+    }
     return html + QStringLiteral("</p>");
 }
 

@@ -19,6 +19,8 @@ QString WithPlatformKeys(std::string_view text);
 QString AsCaption(std::string_view text);
 /// A help text as a tooltip that wraps and keeps its paragraphs; Chr(13) breaks a line.
 QString AsToolTip(std::string_view text);
+/// A name that is shown already, in part, as a tooltip that shows all of it, and wraps wherever it must.
+QString AsWholeName(const QString& displayed);
 /// "Cmd+" and a letter as this platform's shortcut; empty for "".
 QKeySequence AsShortcut(std::string_view shortcut);
 

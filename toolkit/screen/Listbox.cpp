@@ -1,5 +1,6 @@
 #include "Listbox.h"
 
+#include "Clipboard.h"
 #include "NativeList.h"
 #include "ToolkitKey.h"
 
@@ -186,6 +187,54 @@ bool Listbox::PaintCellBackground(const ToolkitKey&, Graphics& graphics, std::in
         }
     });
     return painted;
+}
+
+void Listbox::MarksChanged() {
+    if (NativeList* view = View()) {
+        view->MarksChanged();
+    }
+}
+
+std::string Listbox::NoteOf(const ToolkitKey&, std::int64_t row, int column) {
+    std::string note;
+    FromUser([&] {
+        if (CellNote) {
+            note = CellNote(*this, row, column);
+        }
+    });
+    return note;
+}
+
+void Listbox::ForEachMark(const ToolkitKey&, const std::function<void(std::int64_t row)>& take) {
+    FromUser([&] {
+        for (std::int64_t row = 0; RowMarked && row <= LastIndex(); ++row) {
+            if (RowMarked(*this, row)) {
+                take(row);
+            }
+        }
+    });
+}
+
+std::vector<ContextCommand> Listbox::CommandsOfRow(const ToolkitKey&) {
+    std::vector<ContextCommand> commands;
+    FromUser([&] {
+        if (ContextMenu && listIndex_ >= 0) {
+            commands = ContextMenu(*this);
+        }
+    });
+    return commands;
+}
+
+void Listbox::RunCommand(const ToolkitKey&, const ContextCommand& command) {
+    FromUser(command.run);
+}
+
+void Listbox::Copy(const ToolkitKey& key) {
+    FromUser([&] {
+        if (CanCopy(key)) {
+            CopyToClipboard(CopyText(*this));
+        }
+    });
 }
 
 void Listbox::RaiseChange() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ContextCommand.h"
 #include "Graphics.h"
 #include "ListRows.h"
 #include "RectControl.h"
@@ -48,6 +49,9 @@ class Listbox : public RectControl {
     void InitialValue(const std::string& text);
     const std::vector<std::string>& Headings() const { return headings_; }
     void HorizontalScrollBar(bool has) { horizontalScrollBar_ = has; }
+    /// What stands in the list's room while it has no row; "" for nothing.
+    const std::string& EmptyText() const { return emptyText_; }
+    void EmptyText(const std::string& text) { emptyText_ = text; }
 
     /// All columns' widths in logical pixels, joined by ","; 0 hides a column. The last column takes what is
     /// left over, as does every column of a list whose widths are "".
@@ -75,8 +79,29 @@ class Listbox : public RectControl {
     /// lets the list draw the cell's text on top.
     std::function<bool(Listbox&, Graphics&, std::int64_t row, int column)> CellBackgroundPaint;
 
+    /// What stands dimmed behind a cell's text, as far as there is room; "" for nothing. It is only drawn,
+    /// and asked for as often as that happens.
+    std::function<std::string(Listbox&, std::int64_t row, int column)> CellNote;
+    /// Is the row one of those that the scroll bar marks? A click on a mark selects its row. Asked for all
+    /// rows after MarksChanged.
+    std::function<bool(Listbox&, std::int64_t row)> RowMarked;
+    void MarksChanged();
+    Color MarkColor() const { return markColor_; }
+    void MarkColor(Color color) { markColor_ = color; }
+    /// The commands for the selected row; a list without this has no menu.
+    std::function<std::vector<ContextCommand>(Listbox&)> ContextMenu;
+    /// The text by which the selected row goes to the clipboard; a list without this copies nothing.
+    std::function<std::string(Listbox&)> CopyText;
+
     /// \name For the list's view
     /// @{
+    std::string NoteOf(const ToolkitKey&, std::int64_t row, int column);
+    /// Calls `take` with each marked row, from the first one on.
+    void ForEachMark(const ToolkitKey&, const std::function<void(std::int64_t row)>& take);
+    std::vector<ContextCommand> CommandsOfRow(const ToolkitKey&);
+    void RunCommand(const ToolkitKey&, const ContextCommand& command);
+    bool CanCopy(const ToolkitKey&) const { return listIndex_ >= 0 && CopyText; }
+    void Copy(const ToolkitKey&);
     void SelectByUser(const ToolkitKey&, std::int64_t row);
     void DoubleClickByUser(const ToolkitKey&);
     void ClickHeading(const ToolkitKey&, int column);
@@ -97,6 +122,8 @@ class Listbox : public RectControl {
     std::vector<int> alignments_;
     std::vector<int> directions_;
     std::string columnWidths_;
+    std::string emptyText_;
+    Color markColor_ = 0x000000;
     std::int64_t listIndex_ = -1;
     int columnCount_ = 1;
     int sortedColumn_ = -1;

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QTableView>
+#include <QToolTip>
 
 #include <chrono>
 
@@ -47,6 +48,29 @@ TEST(Listbox, RowsAreStripedBehindTheLastToo) {
     album->TheListBox()->Refresh(true);
     EXPECT_GT(paints, 0);
     EXPECT_THROW(album->TheListBox()->Cell(0, 5), OutOfBoundsException);
+}
+
+TEST(Listbox, HelpComesOnceAndNamesThatAreCutOffShowThemselves) {
+    const std::string longName = std::string(200, 'n') + ".mp3";
+    const TestFolder folder{"a.mp3", longName};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    QWidget& rows = *dynamic_cast<QTableView&>(WidgetOf(album, "TheListBox")).viewport();
+    const auto tagAt = [&](int row) {
+        QToolTip::hideText();
+        WaitFor([] { return !QToolTip::isVisible(); }, "the last help tag has gone");
+        const QPoint place(50, row * Listbox::kRowHeight + 1);
+        QHelpEvent event(QEvent::ToolTip, place, rows.mapToGlobal(place));
+        QApplication::sendEvent(&rows, &event);
+        return QToolTip::isVisible() ? QToolTip::text().remove(QChar(0x200B)).toStdString() : "";
+    };
+    EXPECT_NE(tagAt(0).find("This is a list of media files"), std::string::npos);
+    EXPECT_EQ(tagAt(0), "");
+    EXPECT_NE(tagAt(1).find(longName), std::string::npos);
+    EXPECT_EQ(tagAt(0), "");
+    QEvent leaves(QEvent::Leave);
+    QApplication::sendEvent(&rows, &leaves);
+    EXPECT_NE(tagAt(0), "");
 }
 
 TEST(Listbox, HeadingsCanBeRead) {

@@ -1,13 +1,26 @@
 #include "ElidedLabel.h"
 
+#include "PlatformText.h"
+
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QToolTip>
 
 namespace folimark {
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
     // A folder's name may look like markup.
     setTextFormat(Qt::PlainText);
+}
+
+bool ElidedLabel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip
+        && fontMetrics().horizontalAdvance(text()) > contentsRect().width()) {
+        QToolTip::showText(static_cast<const QHelpEvent*>(event)->globalPos(), AsWholeName(text()), this);
+        return true;
+    }
+    return QLabel::event(event);
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/) {

@@ -3,6 +3,7 @@
 #include "ListView.h"
 #include "Listbox.h"
 #include "NativeSurface.h"
+#include "PlatformText.h"
 #include "ToolkitKey.h"
 
 #include <QHelpEvent>
@@ -20,6 +21,10 @@ const QColor kText(Qt::black);
 // Both in a list that is disabled.
 const QColor kDimmedSelection(0xE0, 0xE0, 0xE0);
 const QColor kDimmedText(0x6B, 0x6B, 0x6B);
+// What stands behind a text.
+const QColor kNote(0x55, 0x55, 0x55);
+const QColor kSelectionNote(0xDD, 0xE6, 0xF4);
+constexpr int kNoteDistance = 12;
 constexpr int kEndWidth = 4;
 
 void PaintSelection(QPainter& painter, QRect cell, const QColor& color, bool isFirst, bool isLast) {
@@ -30,6 +35,10 @@ void PaintSelection(QPainter& painter, QRect cell, const QColor& color, bool isF
         cell.setRight(cell.right() - kEndWidth);
     }
     painter.fillRect(cell, color);
+}
+
+QRect RoomIn(const QRect& cell) {
+    return cell.adjusted(CellPainter::kTextMargin, 0, -CellPainter::kTextMargin, 0);
 }
 
 } // namespace
@@ -54,7 +63,7 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                        index.column() == 0, index.column() == view_.List().ColumnCount() - 1);
     }
     if (!painted) {
-        const QRect room = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
+        const QRect room = RoomIn(option.rect);
         const QString text = index.data(Qt::DisplayRole).toString();
         painter->setFont(view_.font());
         painter->setPen(selected && active ? kSelectionText : enabled ? kText : kDimmedText);
@@ -63,8 +72,22 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
                           index.data(Qt::TextAlignmentRole).toInt() | static_cast<int>(Qt::TextSingleLine)
                               | static_cast<int>(Qt::TextForceLeftToRight),
                           view_.fontMetrics().elidedText(text, Qt::ElideMiddle, room.width()));
+        const QString note = AsDisplayed(view_.List().NoteOf(kToolkit, index.row(), index.column()));
+        const int start = view_.fontMetrics().horizontalAdvance(text) + kNoteDistance;
+        if (!note.isEmpty() && start < room.width()) {
+            painter->setPen(selected && active ? kSelectionNote : enabled ? kNote : kDimmedText);
+            painter->drawText(room.adjusted(start, 0, 0, 0),
+                              Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextForceLeftToRight,
+                              view_.fontMetrics().elidedText(note, Qt::ElideMiddle, room.width() - start));
+        }
     }
     painter->restore();
+}
+
+bool CellPainter::Fits(const QString& text, const QString& note, const QRect& cell,
+                       const QFontMetrics& metrics) {
+    const int ofNote = note.isEmpty() ? 0 : kNoteDistance + metrics.horizontalAdvance(note);
+    return metrics.horizontalAdvance(text) + ofNote <= RoomIn(cell).width();
 }
 
 bool CellPainter::helpEvent(QHelpEvent* /*event*/, QAbstractItemView* /*view*/,

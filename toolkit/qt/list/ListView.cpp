@@ -5,6 +5,7 @@
 #include "Headings.h"
 #include "KeyBacklog.h"
 #include "Listbox.h"
+#include "MarkedScrollBar.h"
 #include "NativeSurface.h"
 #include "PlatformText.h"
 #include "RowsModel.h"
@@ -15,7 +16,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -42,7 +42,8 @@ bool IsPlain(const QKeyEvent& event) {
 
 ListView::ListView(Listbox& list, QWidget* parent)
     : QTableView(parent), list_(list), model_(new RowsModel(list, this)),
-      backlog_(std::make_unique<KeyBacklog>()) {
+      backlog_(std::make_unique<KeyBacklog>()), marks_(new MarkedScrollBar(list, this)) {
+    setVerticalScrollBar(marks_);
     setFont(FontForRows(font()));
     setModel(model_);
     setItemDelegate(new CellPainter(this));
@@ -249,14 +250,6 @@ void ListView::keyboardSearch(const QString& text) {
     }
 }
 
-bool ListView::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::ToolTip) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTip(), viewport());
-        return true;
-    }
-    return QTableView::viewportEvent(event);
-}
-
 void ListView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange) {
         viewport()->update(); // The selection looks different in a window without the keyboard.
@@ -267,6 +260,7 @@ void ListView::changeEvent(QEvent* event) {
 void ListView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     PaintEmptyRows();
+    PaintEmptyText();
 }
 
 void ListView::PaintEmptyRows() {

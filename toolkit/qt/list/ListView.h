@@ -9,6 +9,7 @@ namespace folimark {
 
 class KeyBacklog;
 class Listbox;
+class MarkedScrollBar;
 class RowsModel;
 
 /// The view of a Listbox: rows of a fixed height, backgrounds painted by the list's owner, also behind the
@@ -26,6 +27,7 @@ class ListView : public QTableView, public NativeList {
     void CellChanged(std::int64_t row, int column) override;
     void ShowColumns(const std::string& widths) override;
     void ShowSelection() override;
+    void MarksChanged() override;
 
     Listbox& List() const { return list_; }
 
@@ -38,6 +40,7 @@ class ListView : public QTableView, public NativeList {
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -46,6 +49,10 @@ class ListView : public QTableView, public NativeList {
   private:
     bool MoveByKey(int key);
     void PaintEmptyRows();
+    void PaintEmptyText();
+    /// The whole text of a cell that is cut off; "" of any other.
+    QString CutOffText(const QModelIndex& index) const;
+    void ShowHint(const QHelpEvent& event);
 
     Listbox& list_;
     RowsModel* model_;
@@ -53,6 +60,9 @@ class ListView : public QTableView, public NativeList {
     QString typed_;
     std::int64_t typedAt_ = 0;
     QTimer announcement_;
+    MarkedScrollBar* marks_;
+    /// Has the help tag been shown since the pointer came to the list?
+    bool hinted_ = false;
 };
 
 } // namespace folimark

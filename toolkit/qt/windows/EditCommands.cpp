@@ -1,5 +1,9 @@
 #include "EditCommands.h"
 
+#include "ListView.h"
+#include "Listbox.h"
+#include "ToolkitKey.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
@@ -36,6 +40,13 @@ QLineEdit* FocusedField() {
     return qobject_cast<QLineEdit*>(QApplication::focusWidget());
 }
 
+/// Copying is all that a list can do of these.
+constexpr std::string_view kCopy = "EditCopy";
+
+ListView* FocusedList() {
+    return dynamic_cast<ListView*>(QApplication::focusWidget());
+}
+
 const EditCommand* Find(const std::string& itemName) {
     const auto* found = std::ranges::find(kCommands, itemName, &EditCommand::itemName);
     return found == kCommands.end() ? nullptr : found;
@@ -45,13 +56,18 @@ const EditCommand* Find(const std::string& itemName) {
 
 bool CanRunEditCommand(const std::string& itemName) {
     const EditCommand* command = Find(itemName);
+    if (const ListView* list = FocusedList()) {
+        return itemName == kCopy && list->List().CanCopy(kToolkit);
+    }
     const QLineEdit* field = FocusedField();
     return command != nullptr && field != nullptr && command->possible(*field);
 }
 
 void RunEditCommand(const std::string& itemName) {
     const EditCommand* command = Find(itemName);
-    if (QLineEdit* field = FocusedField(); command != nullptr && field != nullptr) {
+    if (const ListView* list = FocusedList(); list != nullptr && itemName == kCopy) {
+        list->List().Copy(kToolkit);
+    } else if (QLineEdit* field = FocusedField(); command != nullptr && field != nullptr) {
         command->run(*field);
     }
 }

@@ -19,6 +19,7 @@ class NativeList {
     virtual void ShowColumns(const std::string& widths) = 0;
     /// Brings the view's selection to the list's, and into sight.
     virtual void ShowSelection() = 0;
+    virtual void MarksChanged() = 0;
 
   protected:
     ~NativeList() = default; // the window system's

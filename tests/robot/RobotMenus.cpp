@@ -1,0 +1,81 @@
+#include "PlatformText.h"
+#include "Robot.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+
+namespace folimark::test {
+namespace {
+
+QMenu& OpenMenu(const std::string& menu) {
+    auto* frame = dynamic_cast<QMainWindow*>(QApplication::activeWindow());
+    QMenuBar* bar = frame == nullptr ? nullptr : frame->menuBar();
+    for (QAction* action : bar == nullptr ? QList<QAction*>() : bar->actions()) {
+        if (Read(action->text()) == ToQString(menu)) {
+            ClickAt(*bar, bar->actionGeometry(action).center());
+            WaitFor([action] { return action->menu()->isVisible(); }, "the menu “" + menu + "” is open");
+            return *action->menu();
+        }
+    }
+    throw RobotFailure("The front window has no menu “" + menu + "”.");
+}
+
+void ChooseIn(QMenu& opened, const std::string& item) {
+    for (QAction* action : opened.actions()) {
+        if (Read(action->text()) != ToQString(item) || !action->isVisible()) {
+            continue;
+        }
+        if (!action->isEnabled()) {
+            opened.close();
+            throw RobotFailure("The menu item “" + item + "” is disabled.");
+        }
+        ClickAt(opened, opened.actionGeometry(action).center());
+        return;
+    }
+    opened.close();
+    throw RobotFailure("The menu has no item “" + item + "”.");
+}
+
+} // namespace
+
+void Choose(const std::string& menu, const std::string& item) {
+    ChooseIn(OpenMenu(menu), item);
+}
+
+void ChooseForRow(const Ref<Window>& window, int row, const std::string& item) {
+    ClickRowWithRightButton(window, row);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) {
+        throw RobotFailure("The row has no menu.");
+    }
+    ChooseIn(*menu, item);
+    Settle(); // The command comes when the menu has gone.
+}
+
+std::string EnabledItems(const std::string& menu) {
+    QMenu& opened = OpenMenu(menu);
+    QStringList items;
+    for (const QAction* action : opened.actions()) {
+        if (action->isEnabled() && !action->isSeparator()) {
+            items.append(Read(action->text()));
+        }
+    }
+    opened.close();
+    Settle();
+    return ToText(items.join(QLatin1String(", ")));
+}
+
+QImage PictureOfMenu(const std::string& menu) {
+    QMenu& opened = OpenMenu(menu);
+    QWidget& frame = *QApplication::activeWindow();
+    QImage picture = frame.grab().toImage();
+    QPainter(&picture).drawPixmap(frame.mapFromGlobal(opened.pos()), opened.grab());
+    opened.close();
+    Settle();
+    return picture;
+}
+
+} // namespace folimark::test
