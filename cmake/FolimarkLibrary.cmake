@@ -7,8 +7,8 @@ target_compile_options(folimark_options INTERFACE
 target_compile_options(folimark_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-fno-reorder-blocks-and-partition>)
 if(FOLIMARK_SANITIZE)
   target_compile_options(folimark_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
-  target_link_options(folimark_options INTERFACE -fsanitize=address,undefined)
+    -fsanitize=${FOLIMARK_SANITIZE} -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(folimark_options INTERFACE -fsanitize=${FOLIMARK_SANITIZE})
 endif()
 
 # folimark_library(NAME DIRECTORIES dir... SOURCES file... LINKS library... [PRIVATE_LINKS library...])

@@ -3,9 +3,9 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <time.h>
 
 namespace folimark {
-
 bool MeansGone(int error) {
     return error == ENOENT || error == ENOTDIR;
 }
@@ -30,11 +30,15 @@ FileStatus AskStatus(int folder, const char* name) {
 
 ChangeTime ChangeTime::Of(int folder) {
     struct statx answer {};
-    ChangeTime time;
-    if (statx(folder, "", AT_EMPTY_PATH | AT_STATX_DONT_SYNC, STATX_MTIME, &answer) == 0) {
-        time = {true, answer.stx_mtime.tv_sec, answer.stx_mtime.tv_nsec};
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    if (statx(folder, "", AT_EMPTY_PATH | AT_STATX_DONT_SYNC, STATX_MTIME, &answer) != 0) {
+        return {};
     }
-    return time;
+    // What has changed within the clock's latest ticks could change again and show the same time.
+    const auto& then = answer.stx_mtime;
+    const bool isRecent = then.tv_sec >= now.tv_sec - 1 && then.tv_sec <= now.tv_sec;
+    return {.known = !isRecent, .seconds = then.tv_sec, .nanoseconds = then.tv_nsec};
 }
 
 } // namespace folimark

@@ -27,7 +27,7 @@ FileStatus AskStatus(int folder, const char* name);
 
 /// When the content of a folder last changed, as far as the system knows without asking the disk or a server.
 struct ChangeTime {
-    bool known = false;
+    bool known = false; // not if that was just now, when another change would show the same time
     std::int64_t seconds = 0;
     std::uint32_t nanoseconds = 0;
 

@@ -2,38 +2,50 @@
 
 #include "Text.h"
 
-#include <unordered_map>
-
 namespace folimark {
 namespace {
 
-/// Type names by their extensions, which are folded and have their dots.
-std::unordered_map<std::string, std::string>& TypeNames() {
-    static std::unordered_map<std::string, std::string> names;
-    return names;
+std::shared_ptr<const ExtensionTable>& Known() {
+    static std::shared_ptr<const ExtensionTable> table = std::make_shared<const ExtensionTable>();
+    return table;
 }
 
 } // namespace
 
+const std::string* ExtensionTable::Find(std::string_view fileName) const {
+    const std::size_t dot = fileName.rfind('.');
+    if (dot == std::string_view::npos || dot == 0) {
+        return nullptr;
+    }
+    const auto found = types_.find(FoldCase(fileName.substr(dot)));
+    return found == types_.end() ? nullptr : &found->second;
+}
+
+void ExtensionTable::Add(std::string_view extension, std::string_view typeName) {
+    types_.try_emplace(FoldCase(extension), typeName);
+}
+
 void RegisterFileType(std::string_view name, std::string_view /*creator*/, std::string_view /*typeCode*/,
                       std::string_view extensions, std::string_view /*uti*/) {
+    ExtensionTable table = *Known();
     const std::int64_t count = CountFields(extensions, ";");
     for (std::int64_t i = 1; i <= count; ++i) {
-        TypeNames().try_emplace(FoldCase(NthField(extensions, ";", i)), name);
+        table.Add(NthField(extensions, ";", i), name);
     }
+    Known() = std::make_shared<const ExtensionTable>(std::move(table));
+}
+
+std::shared_ptr<const ExtensionTable> KnownExtensions() {
+    return Known();
 }
 
 std::string FileTypeOf(std::string_view fileName) {
-    const std::size_t dot = fileName.rfind('.');
-    if (dot == std::string_view::npos || dot == 0) {
-        return "";
-    }
-    const auto found = TypeNames().find(FoldCase(fileName.substr(dot)));
-    return found == TypeNames().end() ? "" : found->second;
+    const std::string* const type = Known()->Find(fileName);
+    return type == nullptr ? "" : *type;
 }
 
 void ForgetFileTypes() {
-    TypeNames().clear();
+    Known() = std::make_shared<const ExtensionTable>();
 }
 
 } // namespace folimark

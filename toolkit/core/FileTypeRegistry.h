@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace folimark {
 
@@ -15,6 +17,21 @@ void RegisterFileType(std::string_view name, std::string_view creator, std::stri
 /// The name of the type that a file of this name has, by what follows its last dot, letter case ignored; ""
 /// if no row has that extension. A dot at the very start only hides the file.
 std::string FileTypeOf(std::string_view fileName);
+
+/// The types by their extensions.
+class ExtensionTable {
+  public:
+    /// What FileTypeOf gives; null for "".
+    const std::string* Find(std::string_view fileName) const;
+    /// Unless the extension, which has its dot, is there already.
+    void Add(std::string_view extension, std::string_view typeName);
+
+  private:
+    std::unordered_map<std::string, std::string> types_;
+};
+
+/// What is registered by now. The table itself doesn't change any more, so threads may share it.
+std::shared_ptr<const ExtensionTable> KnownExtensions();
 
 /// Empties the registry.
 void ForgetFileTypes();

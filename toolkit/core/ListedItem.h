@@ -23,6 +23,8 @@ class ListedItem final : public FolderItem {
 
     /// What showed it.
     const FolderListing& Listing() const { return *listing_; }
+    /// Bytes.
+    std::string_view Name() const { return listing_->Name(entry_); }
 
     /// Makes known the item at which a walk stands (null: none any more), for WalkedAt. It has to be made
     /// unknown before it goes, and as soon as events have run: anything may have happened to the file in

@@ -1,24 +1,14 @@
 #include "TreeWalk.h"
 
-#include "FileTypeRegistry.h"
 #include "ListedItem.h"
-#include "NativePath.h"
-
-#include <fcntl.h>
+#include "ReadAhead.h"
+#include "Yield.h"
 
 namespace folimark {
-namespace {
 
-/// Levels whose folders stay open, of some 1,000 descriptors that a process may have.
-constexpr std::size_t kOpenLevels = 64;
-
-} // namespace
-
-TreeWalk::TreeWalk(const Ref<FolderItem>& folder) {
+TreeWalk::TreeWalk(const Ref<FolderItem>& folder) : ahead_(std::make_unique<ReadAhead>()) {
     const std::string path = folder->NativePath();
-    FolderPath way(path == "/" ? "" : path);
-    Descriptor opened = way.Open(O_RDONLY);
-    Descend(std::move(way), std::move(opened));
+    ahead_->Enter(FolderPath(path == "/" ? "" : path));
 }
 
 TreeWalk::~TreeWalk() {
@@ -35,51 +25,79 @@ void TreeWalk::NoteUnreadable(const FolderPath& folder) {
     }
 }
 
-void TreeWalk::Descend(FolderPath way, Descriptor folder) {
-    auto listing = std::make_shared<const FolderListing>(std::move(way), folder);
-    if (listing->Unreadable()) {
-        NoteUnreadable(listing->Path());
-    }
-    while (!levels_.empty() && levels_.back().next == levels_.back().listing->Count()) {
-        levels_.pop_back(); // so that a chain of folders takes one level
-    }
-    levels_.push_back({std::move(listing), levels_.size() < kOpenLevels ? std::move(folder) : Descriptor()});
-}
-
-void TreeWalk::Enter() {
-    const Level& level = levels_.back();
-    const std::string_view name = level.listing->Name(level.next - 1);
-    FolderPath way = level.listing->Path().Listed(name);
-    Descriptor opened =
-        level.folder ? OpenListedFolder(level.folder.Get(), name.data(), O_RDONLY) : way.Open(O_RDONLY);
-    Descend(std::move(way), std::move(opened));
-}
-
-Ref<ListedItem> TreeWalk::NextOf(Level& level) const {
-    const std::size_t entry = level.next++;
-    const FolderListing& listing = *level.listing;
-    const bool isWanted = !listing.Hidden(entry) && listing.Kind(entry) == EntryKind::File
-                          && !FileTypeOf(listing.Name(entry)).empty();
-    if (!isWanted || !level.folder) {
-        return New<ListedItem>(level.listing, entry);
-    }
-    return New<ListedItem>(level.listing, entry, AskStatus(level.folder.Get(), listing.Name(entry).data()));
-}
-
 void TreeWalk::Stand(Ref<ListedItem> item) {
     ListedItem::Walked(item.Get());
     item_ = std::move(item);
+}
+
+void TreeWalk::Enter() {
+    if (!item_) {
+        return;
+    }
+    if (at_ != At::FolderAhead) {
+        ahead_->Enter(item_->Listing().Path().Listed(item_->Name()));
+    }
+    at_ = At::Entered;
 }
 
 bool TreeWalk::Next() {
     if (item_ && item_->Unknown()) { // Whoever looked at it could only skip it.
         NoteUnreadable(item_->Listing().Path());
     }
-    while (!levels_.empty() && levels_.back().next == levels_.back().listing->Count()) {
+    Stand(nullptr);
+    LeaveFinishedLevels();
+    if (at_ == At::Entered && !Descend()) {
+        return true;
+    }
+    if (at_ == At::FolderAhead) {
+        ahead_->SkipFolder();
+    }
+    at_ = At::Entry;
+    LeaveFinishedLevels(); // the folder that was entered may be empty
+    return !levels_.empty() && Step(levels_.back());
+}
+
+void TreeWalk::LeaveFinishedLevels() {
+    while (!levels_.empty() && levels_.back().next == levels_.back().folder->Listing()->Count()) {
         levels_.pop_back();
     }
-    Stand(levels_.empty() ? nullptr : NextOf(levels_.back()));
-    return static_cast<bool>(item_);
+}
+
+/// \returns whether the folder was there.
+bool TreeWalk::Descend() {
+    std::shared_ptr<const OpenFolder> folder = ahead_->TakeFolder();
+    if (!folder) {
+        return false;
+    }
+    if (folder->Listing()->Unreadable()) {
+        NoteUnreadable(folder->Listing()->Path());
+    }
+    levels_.emplace_back().folder = std::move(folder);
+    return true;
+}
+
+/// Goes to the level's next entry, if what is known of it is there. \returns true.
+bool TreeWalk::Step(Level& level) {
+    const std::shared_ptr<const FolderListing>& listing = level.folder->Listing();
+    if (level.folder->IsWayOn(level.next)) {
+        at_ = At::FolderAhead;
+        Stand(New<ListedItem>(listing, level.next++));
+        return true;
+    }
+    if (!level.answers || level.answered != EventsLetIn()) {
+        level.answers = ahead_->Answers();
+        level.answered = EventsLetIn();
+    }
+    if (level.answers) {
+        const std::size_t entry = level.next++;
+        const std::optional<FileStatus>& status = level.answers->statuses[entry - level.answers->first];
+        Stand(status ? New<ListedItem>(listing, entry, *status) : New<ListedItem>(listing, entry));
+        if (level.next == level.answers->End()) {
+            ahead_->DropAnswers();
+            level.answers = nullptr;
+        }
+    }
+    return true;
 }
 
 } // namespace folimark

@@ -22,6 +22,7 @@ std::function<void()>& Handler() {
 
 Clock::time_point lastYield;
 bool due = true;
+std::uint64_t eventsLetIn = 0;
 
 } // namespace
 
@@ -35,10 +36,15 @@ void RuntimeBackgroundTask() {
         return;
     }
     due = false;
+    ++eventsLetIn;
     ListedItem::Walked(nullptr);
     const Finally noteEnd([] { lastYield = Clock::now(); });
     const std::function<void()> handler = Handler(); // it may be replaced while it runs
     handler();
+}
+
+std::uint64_t EventsLetIn() {
+    return eventsLetIn;
 }
 
 } // namespace folimark

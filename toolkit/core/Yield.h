@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 namespace folimark {
@@ -8,6 +9,9 @@ namespace folimark {
 /// costs a glance at the clock. Each pass of a loop over a list, a folder or a file calls it. So anything may
 /// happen in it that events can do: a window may be gone afterwards, and EndException may pass through.
 void RuntimeBackgroundTask();
+
+/// How many calls have let events in so far: if that number has grown, anything may have happened since.
+std::uint64_t EventsLetIn();
 
 /// What a yield runs: the event loop's part. With none a yield does nothing. The next call of
 /// RuntimeBackgroundTask yields. \returns the former one.
