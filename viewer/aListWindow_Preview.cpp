@@ -4,6 +4,8 @@
 #include "PictureResources.h"
 #include "aListWindow.h"
 
+#include <utility>
+
 namespace folimark {
 namespace {
 
@@ -86,6 +88,18 @@ Ref<Picture> OpenFor(const Canvas& canvas, const Ref<FolderItem>& file) {
     return picture && !CanBeFitted(picture) ? Picture::Open(file) : picture;
 }
 
+/// Has the user been told, in this run, that no pictures can be read?
+bool toldOfReader = false;
+
+void TellOfReaderOnce() {
+    if (!std::exchange(toldOfReader, true)) {
+        GlobalData::MessageBox1(
+            3, "OK", "Folimark can’t show pictures and PDF files.",
+            "The program “folimark-pictures”, which reads them, is missing or doesn’t work. "
+            "Please install Folimark again.");
+    }
+}
+
 } // namespace
 
 void aListWindow::DrawCatalogItem() {
@@ -105,11 +119,15 @@ void aListWindow::DrawCatalogItem() {
     }
     Ref<Picture> source;
     const char* unreadable = "";
+    bool readerIsBroken = false;
     if (const MediaKind* kind = KindOf(file->Type())) {
         if (there) {
             source = kind->icon != nullptr ? kind->icon() : OpenFor(*canvas, file);
+            readerIsBroken = !source && kind->icon == nullptr && Picture::ReaderIsBroken();
         }
-        unreadable = there ? kind->unreadable : "This file can’t be read.";
+        unreadable = readerIsBroken ? "Pictures can’t be shown."
+                     : there        ? kind->unreadable
+                                    : "This file can’t be read.";
         canvas->HelpTag(kind->canvasHelp);
         EditPushButton()->HelpTag(kind->buttonHelp);
         EditPushButton()->Caption(kind->buttonCaption);
@@ -118,6 +136,9 @@ void aListWindow::DrawCatalogItem() {
         source = FilledPicture(canvas, 8, kRed);
     }
     canvas->Backdrop(source ? ComposePreview(source) : ComposeNotice(unreadable));
+    if (readerIsBroken) {
+        TellOfReaderOnce();
+    }
 }
 
 Ref<Picture> aListWindow::ComposeNotice(const std::string& text) {

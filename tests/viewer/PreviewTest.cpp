@@ -1,5 +1,6 @@
 #include "Answers.h"
 #include "AsNobody.h"
+#include "PictureProcess.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
@@ -79,6 +80,17 @@ TEST(Preview, ShowsThePartOfAHugePictureThatFits) {
     const QImage preview = Preview(application.AddAndOpenAlbum(folder.Path()));
     EXPECT_EQ(preview.pixel(99, 5), QColor(Qt::red).rgba());
     EXPECT_EQ(preview.pixel(100, 5), QColor(Qt::black).rgba());
+}
+
+TEST(Preview, AMissingReaderIsToldOnce) {
+    const TestFolder folder{"a.jpg", "b.jpg"};
+    EndPictureProcess();
+    SetPictureProcessExecutable("/nowhere");
+    const RunningApplication application;
+    const Answers answers{{"Folimark can’t show pictures and PDF files.", "OK"}};
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    ClickRow(album, 1);
+    SetPictureProcessExecutable("");
 }
 
 TEST(Preview, AFileThatHasGoneClosesTheAlbum) {

@@ -82,6 +82,17 @@ std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_v
     return picture;
 }
 
+bool PictureProcessIsBroken() {
+    if (!TheWorker().IsSuspect()) {
+        return false;
+    }
+    const PictureRequest anything;
+    const Descriptor file(memfd_create("folimark-nothing", MFD_CLOEXEC));
+    const Descriptor memory = NewSharedMemory(MostPixels(anything));
+    TheWorker().Ask(anything, {file.Get(), memory.Get()}, PictureWorker::Clock::now() + kPatience);
+    return TheWorker().IsSuspect();
+}
+
 void EndPictureProcess() {
     TheWorker().End();
 }

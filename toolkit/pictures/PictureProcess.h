@@ -38,6 +38,10 @@ struct DecodedPicture {
 std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
                                           int wantedHeight);
 
+/// After ReadPicture has given nothing: is that no fault of the file, since the picture process can't be
+/// started, or ends at whatever it is asked?
+bool PictureProcessIsBroken();
+
 /// Ends the picture process, if it runs. Pictures that were read stay valid.
 void EndPictureProcess();
 

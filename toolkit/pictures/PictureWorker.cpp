@@ -122,6 +122,7 @@ std::optional<PictureAnswer> PictureWorker::Ask(PictureRequest request,
                                                 const std::array<int, kRequestDescriptors>& descriptors,
                                                 Clock::time_point end) {
     request.number = ++questions_;
+    isSuspect_ = true;
     // A process that dies of a question may have been dying before (the system's memory ran out, say), so a
     // fresh one gets the question too. One that takes too long has no such excuse.
     for (bool isFresh = false; !isFresh;) {
@@ -135,12 +136,14 @@ std::optional<PictureAnswer> PictureWorker::Ask(PictureRequest request,
         if (SendRequest(socket_.Get(), request, descriptors)) {
             PictureAnswer answer;
             if (!WaitFor(socket_.Get(), end)) {
+                isSuspect_ = false;
                 break;
             }
             if (recv(socket_.Get(), &answer, sizeof answer, MSG_DONTWAIT | MSG_TRUNC)
                     == ssize_t{sizeof answer}
                 && answer.number == request.number) {
                 ++answers_;
+                isSuspect_ = false;
                 if (IsWorn()) { // the next one is ready by the next question
                     End();
                     Start();

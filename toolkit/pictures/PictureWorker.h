@@ -30,6 +30,10 @@ class PictureWorker {
                                      const std::array<int, kRequestDescriptors>& descriptors,
                                      Clock::time_point end);
 
+    /// Did the last question fail since no process could be started, or since a fresh one ended by itself?
+    /// The file may be to blame for the latter.
+    bool IsSuspect() const { return isSuspect_; }
+
     /// Ends the process, which holds nothing that would be lost, and doesn't wait until it has gone: one that
     /// reads from a mount that doesn't answer can't be killed before that does.
     void End();
@@ -43,6 +47,7 @@ class PictureWorker {
     std::optional<ChildProcess> process_;
     Descriptor socket_;
     int answers_ = 0; // of this process
+    bool isSuspect_ = false;
     std::uint32_t questions_ = 0;
 };
 

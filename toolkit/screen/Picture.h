@@ -28,6 +28,10 @@ class Picture : public Object {
     /// takes more time or memory than a preview may.
     static Ref<Picture> Open(const Ref<FolderItem>& file, int roomWidth = 0, int roomHeight = 0);
 
+    /// After Open has given nil: is that no fault of the file, since the process that reads pictures is
+    /// missing or broken?
+    static bool ReaderIsBroken();
+
     /// Reads a picture of the application's own resources by its file name, and the variant for sharp screens
     /// beside it ("Name@2x.png"). Nil if it can't be read.
     static Ref<Picture> FromResource(const std::string& fileName);

@@ -139,10 +139,24 @@ TEST_F(PictureProcess, CanDoNothingButDecode) {
     EXPECT_EQ(folder.Read("a.jpg"), "content");
 }
 
+TEST_F(PictureProcess, IsToldFromAFileThatCantBeRead) {
+    const struct {
+        const char* executable;
+        const char* how;
+        bool isBroken;
+    } cases[] = {{"/nowhere", "well", true},
+                 {"/bin/true", "well", true},
+                 {MISBEHAVING_PICTURES, "die", false},
+                 {MISBEHAVING_PICTURES, "lie below zero", false}};
+    for (const auto& c : cases) {
+        EndPictureProcess();
+        SetPictureProcessExecutable(c.executable);
+        EXPECT_EQ(Behave(c.how), "nothing");
+        EXPECT_EQ(PictureProcessIsBroken(), c.isBroken) << c.executable << ", " << c.how;
+    }
+}
+
 TEST_F(PictureProcess, IsNotNeededWhereThereIsNoFile) {
-    SetPictureProcessExecutable("/nowhere");
-    EXPECT_EQ(Behave("well"), "nothing");
-    SetPictureProcessExecutable(MISBEHAVING_PICTURES);
     const TestFolder folder{"sub/"};
     ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
     for (const std::string& path :

@@ -59,6 +59,10 @@ Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomH
     return MakePicture(image, decoded->pictureWidth, decoded->pictureHeight);
 }
 
+bool Picture::ReaderIsBroken() {
+    return PictureProcessIsBroken();
+}
+
 Ref<Picture> Picture::FromResource(const std::string& fileName) {
     const QImage plain = ReadResource(fileName);
     if (plain.isNull()) {
