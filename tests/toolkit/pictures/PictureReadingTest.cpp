@@ -26,6 +26,11 @@ constexpr Sample kSamples[] = {
     {"rgb.tif", "image/tiff"},
     {"sixteen.tif", "image/tiff"},
     {"cmyk.tif", "image/tiff"},
+    {"twelve.tif", "image/tiff"}, // bits a sample
+    {"dark.tif", "image/tiff"},   // 12 bits a sample, kept in 16
+    {"float.tif", "image/tiff"},
+    {"lab.tif", "image/tiff"},
+    {"ycbcr.tif", "image/tiff"},
     {"rgb.pict", "image/pict"},
     {"palette.pict", "image/pict"},
     {"compressed.pict", "image/pict"}, // a JPEG picture inside
@@ -56,6 +61,25 @@ TEST(PictureReading, KeepsColoursExactly) {
     const auto corner = [](const char* name) { return *Read(PictureFile(name), "image/png")->pixels; };
     EXPECT_EQ(corner("palette.png"), 0xFFFF0000);
     EXPECT_EQ(corner("half-transparent.png"), 0x80800000);
+    // Columns of the palette's colours 0 and 2, which are red, while 1 is green.
+    EXPECT_EQ(Quarters(Read(PictureFile("palette-stripes.jp2"), "image/jpeg2000", 12, 12)), "RRRR");
+}
+
+TEST(PictureReading, ShowsPicturesWithBrokenProfiles) {
+    std::string file = PictureFile("profile.jpg");
+    const std::size_t profile = file.find("acsp");
+    for (const std::size_t place : {profile - 36, profile, profile + 92, profile + 100}) {
+        std::string broken = file;
+        broken.replace(place, 4, "\xFF\xFF\xFF\xFF");
+        EXPECT_NE(Quarters(Read(broken, "image/jpeg")), "nothing") << place;
+    }
+}
+
+TEST(PictureReading, TellsWhatItCannotDraw) {
+    // A frame of 32 by 32 points with a line across it.
+    const std::string drawing = std::string(512, '\0') + Big(2, 0) + Big(8, 0x0000000000200020)
+                                + "\x11\x01\x20" + Big(8, 0x0000000000200020) + "\xFF";
+    EXPECT_EQ(Quarters(Read(drawing, "image/pict")), "nothing");
 }
 
 /// The JPEG file `name` with a note that it is to be shown in another orientation.

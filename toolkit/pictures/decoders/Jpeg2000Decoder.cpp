@@ -1,5 +1,7 @@
+#include "BigEndian.h"
 #include "Decoders.h"
 #include "Jpeg2000Samples.h"
+#include "PictureProtocol.h"
 #include "Vips.h"
 
 #include <algorithm>
@@ -37,6 +39,27 @@ OPJ_BOOL Seek(OPJ_OFF_T place, void* user) {
 OPJ_OFF_T Skip(OPJ_OFF_T count, void* user) {
     const auto* source = static_cast<Source*>(user);
     return Seek(static_cast<OPJ_OFF_T>(source->place) + count, user) != OPJ_FALSE ? count : -1;
+}
+
+/// The content of the first box of that name; empty if there is none. A box has a size, which counts itself,
+/// and a name of four letters.
+Bytes FindBox(Bytes boxes, std::uint32_t wanted) {
+    BigEndianReader reader(boxes);
+    while (reader.IsSound() && !reader.Left().empty()) {
+        const std::uint32_t size = reader.U32();
+        const std::uint32_t name = reader.U32();
+        const std::size_t length = size == 0 ? reader.Left().size() : std::max(size, 8U) - 8;
+        const Bytes content = reader.Take(std::min(length, reader.Left().size()));
+        if (name == wanted) {
+            return content;
+        }
+    }
+    return {};
+}
+
+/// Whether the samples are numbers of colours: these mean nothing when they are mixed.
+bool HasPalette(Bytes file) {
+    return !FindBox(FindBox(file, FourCC("jp2h")), FourCC("pclr")).empty();
 }
 
 struct CodecRelease {
@@ -92,7 +115,6 @@ std::optional<Pixels> DecodeJpeg2000(Bytes file, Size wanted) {
     }
     const std::unique_ptr<opj_image_t, ImageRelease> image(head);
     // The first component is the picture; the others are stretched to it.
-    constexpr OPJ_UINT32 kLongestSide = 1 << 20;
     if (image->numcomps == 0) {
         return std::nullopt;
     }
@@ -101,7 +123,8 @@ std::optional<Pixels> DecodeJpeg2000(Bytes file, Size wanted) {
         return std::nullopt;
     }
     const Size picture{static_cast<int>(first.w), static_cast<int>(first.h)};
-    const OPJ_UINT32 halvings = HalvingsFor(codec.get(), picture, SizeFor(picture, wanted));
+    const OPJ_UINT32 halvings =
+        !isBare && HasPalette(file) ? 0 : HalvingsFor(codec.get(), picture, SizeFor(picture, wanted));
     if (opj_set_decoded_resolution_factor(codec.get(), halvings) == OPJ_FALSE
         || opj_decode(codec.get(), stream.get(), image.get()) == OPJ_FALSE) {
         return std::nullopt;

@@ -91,7 +91,7 @@ std::optional<Samples> SamplesOf(const opj_image_t& image, Size picture) {
         return std::nullopt;
     }
     const Layout layout = LayoutOf(image, space);
-    Samples samples{picture, {}, static_cast<int>(layout.order.size()), layout.isCmyk, {}, {}};
+    Samples samples{picture, {}, static_cast<int>(layout.order.size()), layout.isCmyk, {}, {}, 1};
     samples.size = {static_cast<int>(image.comps[0].w), static_cast<int>(image.comps[0].h)};
     std::vector<Component> components;
     for (const OPJ_UINT32 i : layout.order) {

@@ -52,7 +52,7 @@ std::optional<Pixels> DecodeMacPaint(Bytes file, Size wanted) {
     }
     std::vector<std::uint8_t> bitmap = Unpack(file.subspan(kHeadLength));
     bitmap.resize(kBitmapLength); // what is cut off stays white
-    Samples samples{kSize, kSize, 1, false, {}, {}};
+    Samples samples{kSize, kSize, 1, false, {}, {}, 1};
     samples.bytes.reserve(kBitmapLength * 8);
     for (const std::uint8_t byte : bitmap) {
         for (int bit = 7; bit >= 0; --bit) {

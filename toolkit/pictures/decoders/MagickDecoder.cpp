@@ -44,7 +44,8 @@ Magick Normalised(Magick image, ExceptionInfo* exception) {
     if (Image* upright = AutoOrientImage(image.get(), image->orientation, exception)) {
         image.reset(upright);
     }
-    if (image->colorspace != sRGBColorspace && image->colorspace != GRAYColorspace) {
+    // What the loaders call YCbCr they have turned into red, green and blue already.
+    if (image->colorspace == CMYKColorspace || image->colorspace == LabColorspace) {
         TransformImageColorspace(image.get(), sRGBColorspace);
     }
     return image;
@@ -66,7 +67,7 @@ std::optional<Pixels> DecodeWithMagick(const std::string& loader, Bytes file, Si
     const bool isCmyk = image->colorspace == CMYKColorspace;
     image = Normalised(std::move(image), exception.get());
     const Size size{static_cast<int>(image->columns), static_cast<int>(image->rows)};
-    Samples samples{size, size, image->matte != MagickFalse ? 4 : 3, false, {}, {}};
+    Samples samples{size, size, image->matte != MagickFalse ? 4 : 3, false, {}, {}, 1};
     samples.bytes.resize(image->columns * image->rows * static_cast<std::size_t>(samples.samplesPerPixel));
     if (ExportImagePixels(image.get(), 0, 0, image->columns, image->rows,
                           samples.samplesPerPixel == 4 ? "RGBA" : "RGB", CharPixel, samples.bytes.data(),

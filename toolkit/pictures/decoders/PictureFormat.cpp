@@ -61,7 +61,7 @@ std::optional<Pixels> DecodeAs(const PictureFormat& format, Bytes file, Size wan
         return first;
     }
     std::optional<Pixels> second = format.second(file, wanted);
-    return second && (!first || !IsPlain(*second)) ? second : first;
+    return second && !IsPlain(*second) ? second : first;
 }
 
 std::optional<Pixels> DecodeFile(std::string_view type, Bytes file, Size wanted) {

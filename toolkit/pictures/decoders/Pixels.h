@@ -29,12 +29,13 @@ bool IsPlain(const Pixels& pixels);
 /// A picture as the simpler formats hold it: 8-bit samples, row by row without gaps. One sample a pixel is
 /// grey, three are red, green and blue, four CMYK if `isCmyk`; two and otherwise four end with the opacity.
 struct Samples {
-    Size picture; // the own size, of which `size` may be a reduction
+    Size picture; // the own size as it lies in the file, of which `size` may be a reduction
     Size size;
     int samplesPerPixel = 0;
     bool isCmyk = false;
     Bytes profile; // an ICC profile; empty for sRGB
     std::vector<std::uint8_t> bytes;
+    int orientation = 1; // as Exif and TIFF number them; 1 is upright
 };
 
 /// The header shows that reading the picture would take too long: no other decoder needs to try.

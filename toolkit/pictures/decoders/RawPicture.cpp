@@ -84,7 +84,7 @@ std::optional<Samples> ReadRawPicture(const ImageDescription& description, Bytes
     const std::size_t packed = (width * static_cast<std::size_t>(bits) + 7) / 8;
     const std::size_t rowLength = std::max(packed, description.dataSize / height);
 
-    Samples samples{description.size, description.size, 4, false, {}, {}};
+    Samples samples{description.size, description.size, 4, false, {}, {}, 1};
     samples.bytes.reserve(width * height * 4);
     std::uint32_t anyAlpha = 0;
     for (std::size_t y = 0; y < height && (y + 1) * rowLength <= data.size(); ++y) {

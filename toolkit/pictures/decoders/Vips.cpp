@@ -21,6 +21,11 @@ bool ReallyStartVips() {
     return true;
 }
 
+/// A size of what `image` stands for, when it is turned as its metadata says.
+Size Upright(Size size, VipsImage* image) {
+    return vips_image_get_orientation_swap(image) != 0 ? Size{size.height, size.width} : size;
+}
+
 std::uint32_t PixelAt(const std::uint8_t* place, int bands) {
     return Premultiplied(place[0], place[1], place[2], bands > 3 ? place[3] : 255);
 }
@@ -30,6 +35,15 @@ std::uint32_t PixelAt(const std::uint8_t* place, int bands) {
 bool StartVips() {
     static const bool started = ReallyStartVips();
     return started;
+}
+
+Vips ReadHead(Bytes file) {
+    auto* data = const_cast<std::uint8_t*>(file.data()); // libvips only reads
+    return Vips(StartVips() ? vips_image_new_from_buffer(data, file.size(), "", nullptr) : nullptr);
+}
+
+Size UprightSize(VipsImage* image) {
+    return Upright({vips_image_get_width(image), vips_image_get_height(image)}, image);
 }
 
 std::optional<Pixels> PixelsOf(VipsImage* image, Size picture) {
@@ -88,7 +102,9 @@ std::optional<Pixels> Scaled(const Samples& samples, Size wanted) {
         vips_image_set_blob_copy(described, VIPS_META_ICC_NAME, samples.profile.data(),
                                  samples.profile.size());
     }
-    const Size size = SizeFor(samples.picture, wanted);
+    vips_image_set_int(described, VIPS_META_ORIENTATION, samples.orientation);
+    const Size picture = Upright(samples.picture, described);
+    const Size size = SizeFor(picture, wanted);
     VipsImage* scaled = nullptr;
     if (vips_thumbnail_image(described, &scaled, size.width, "height", size.height, "size", VIPS_SIZE_FORCE,
                              "export_profile", ProfileFor(described), nullptr)
@@ -96,7 +112,7 @@ std::optional<Pixels> Scaled(const Samples& samples, Size wanted) {
         return std::nullopt;
     }
     const Vips output(scaled);
-    return PixelsOf(scaled, samples.picture);
+    return PixelsOf(scaled, picture);
 }
 
 } // namespace folimark

@@ -15,6 +15,12 @@ using Vips = std::unique_ptr<VipsImage, VipsRelease>;
 /// Starts libvips at the first call, with none of its loaders but those that this process uses.
 bool StartVips();
 
+/// A picture of which no more than the head has been read yet; null if it is of none of the loaders' formats.
+Vips ReadHead(Bytes file);
+
+/// The size that `image` has when it is turned as its metadata says.
+Size UprightSize(VipsImage* image);
+
 /// The pixels of `image`, whatever its kind of samples; `picture` is the own size that they stand for.
 std::optional<Pixels> PixelsOf(VipsImage* image, Size picture);
 
