@@ -108,7 +108,7 @@ void aListWindow::DrawCatalogItem() {
     const std::string path = TheListBox()->RowTag(TheListBox()->ListIndex());
     const Ref<FolderItem> file = GetFolderItem(path, 0);
     const bool there = file && file->Exists();
-    if (!file || (!there && file->Gone())) {
+    if (!file || !(there || file->Unknown())) {
         GlobalData::MessageBox1(
             3, "OK",
             "This media file no longer exists in this album. It has been removed from this album, renamed "

@@ -7,10 +7,32 @@
 #include "RegularFile.h"
 
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
+#include <future>
 #include <sys/stat.h>
+#include <system_error>
+#include <thread>
 
 namespace folimark {
+namespace {
+
+/// A disk that stands still takes less to answer.
+constexpr std::chrono::seconds kPatience{5};
+
+FileStatus AskStatusAt(const std::string& path) {
+    FileStatus status;
+    const int asked = AtNativePath(path, [&status](int folder, const char* name) {
+        status = AskStatus(folder, name);
+        return 0;
+    });
+    if (asked < 0) {
+        status.gone = MeansGone(errno);
+    }
+    return status;
+}
+
+} // namespace
 
 FolderItem::FolderItem() = default;
 FolderItem::FolderItem(const FileStatus& status) : status_(status) {}
@@ -49,14 +71,18 @@ Ref<FolderItem> FolderItem::Item(std::int64_t index) const {
     return New<ListedItem>(entries_, static_cast<std::size_t>(index - 1));
 }
 
+// On a mount that doesn't answer any more a question may last for ever, and then a thread alone is left
+// behind.
 const FileStatus& FolderItem::AskAgain() const {
-    status_ = FileStatus();
-    const int asked = AtNativePath(Path(), [this](int folder, const char* name) {
-        status_ = AskStatus(folder, name);
-        return 0;
-    });
-    if (asked < 0) {
-        status_->gone = MeansGone(errno);
+    std::promise<FileStatus> promise;
+    std::future<FileStatus> answer = promise.get_future();
+    try {
+        std::thread([path = Path(), promise = std::move(promise)]() mutable {
+            promise.set_value(AskStatusAt(path));
+        }).detach();
+        status_ = answer.wait_for(kPatience) == std::future_status::ready ? answer.get() : FileStatus();
+    } catch (const std::system_error&) { // The system gives no thread.
+        status_ = AskStatusAt(Path());
     }
     return *status_;
 }

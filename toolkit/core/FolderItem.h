@@ -50,7 +50,7 @@ class FolderItem : public Object {
     /// True if nothing is there, as far as the system can tell. Of a place that it can't reach (no permission
     /// on the way, a broken disk, a lost connection) neither Exists nor Gone is true.
     bool Gone() const;
-    /// Was the system's last answer that it can't tell? Asks nothing.
+    /// Was the system's last answer that it can't tell, or hasn't it answered for five seconds? Asks nothing.
     bool Unknown() const;
     /// False for what the desktop's file browser hides: names with a leading dot, and those that stand in the
     /// file ".hidden" of their folder.
