@@ -1,4 +1,5 @@
 #include "GlobalData.h"
+#include "KeyBacklog.h"
 #include "Look.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
@@ -147,11 +148,24 @@ TEST(Listbox, RepeatsOfAHeldKeyThatComeTooLateAreDropped) {
             hold(kNow - 3000 + i * 30, true); // they have waited for seconds
         }
         EXPECT_EQ(album->TheListBox()->ListIndex(), 1);
-        hold(kNow, true);
+        hold(kNow + 60'000, true); // far ahead of what this test takes
         EXPECT_EQ(album->TheListBox()->ListIndex(), 2);
         hold(kNow - 3000, false); // a press of its own is never dropped
         EXPECT_EQ(album->TheListBox()->ListIndex(), 3);
     }
+}
+
+TEST(KeyBacklog, ClocksThatDriftOrAreSetMakeNothingLate) {
+    KeyBacklog backlog;
+    std::int64_t now = 0;
+    const auto comes = [&](std::int64_t stamp) { return !backlog.IsLate(stamp, true, now += 30); };
+    for (std::int64_t i = 1; i < 20'000; ++i) {
+        EXPECT_TRUE(comes(i * 30 - i / 10)) << i; // ten minutes with a clock that loses two seconds in them
+    }
+    EXPECT_FALSE(comes(now - 3000));
+    constexpr std::int64_t kSet = -4'000'000'000; // back to the start of its count
+    EXPECT_TRUE(comes(kSet + now));
+    EXPECT_TRUE(comes(kSet + now + 30));
 }
 
 } // namespace
