@@ -11,6 +11,9 @@
 namespace folimark {
 namespace {
 
+// The list shows fewer rows where the screen has no room for all.
+constexpr Slack kSlackDown[] = {{64, 32000}};
+
 constexpr WindowLayout kLayout{
     .title = "Folimark",
     .width = 513,
@@ -19,6 +22,7 @@ constexpr WindowLayout kLayout{
     .maxHeight = 32000,
     .resizeable = true,
     .backColor = Look::kTint,
+    .slackDown = kSlackDown,
 };
 
 constexpr std::string_view kListHelp =

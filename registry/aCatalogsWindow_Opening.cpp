@@ -10,7 +10,7 @@
 namespace folimark {
 namespace {
 
-/// How far a window stands from the one before it, to the right and downwards, in logical pixels.
+/// How far a window stands from the one before it, to the right and downwards, in units.
 constexpr int kCascadeStep = 22;
 
 } // namespace

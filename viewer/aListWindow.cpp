@@ -9,12 +9,20 @@
 namespace folimark {
 namespace {
 
+// On a small screen the list gives way: the room between the things below it and beside it goes, as far as
+// the list has to. Then the preview gets smaller.
+constexpr Slack kSlackAcross[] = {
+    {263, 458, 0}, {526, 625, 0}, {693, 919, 0}, {1150, 1195, 1}, {1405, 1450, 1}};
+constexpr Slack kSlackDown[] = {{396, 518, 0}, {157, 247, 1}};
+
 constexpr WindowLayout kLayout{
     .width = 1470,
     .height = 634,
     .minHeight = 64,
     .maxHeight = 700,
     .backColor = Look::kTint,
+    .slackAcross = kSlackAcross,
+    .slackDown = kSlackDown,
 };
 
 constexpr std::string_view kHighlightHelp =

@@ -56,7 +56,7 @@ class aListWindow : public MenuBarWindow {
     /// and closes the window.
     void DrawCatalogItem();
     /// Fits a picture into the canvas: as large as it goes, centred from left to right and standing on the
-    /// lower edge. The results are logical pixels.
+    /// lower edge. The results are units.
     void ResizeAndRepositionImage(const Ref<Picture>& picture, int& destLeft, int& destTop, int& destWidth,
                                   int& destHeight);
     /// Fills the window from the folder of GlobalData::CatalogFolder. Raises OutOfBoundsException if there is

@@ -19,9 +19,11 @@ const char* __lsan_default_suppressions() {
 namespace folimark::test {
 namespace {
 
-constexpr const char* kScreen =
-    R"({"screens": [{"name": "robot", "x": 0, "y": 0, "width": 1920, "height": 1080,
-    "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+// The main screen, and two small ones below it.
+constexpr const char* kScreens = R"({"screens": [
+    {"name": "robot", "x": 0, "y": 0, "width": 1920, "height": 1080, "dpr": 1},
+    {"name": "small", "x": 0, "y": 1200, "width": 1280, "height": 720, "dpr": 1},
+    {"name": "laptop", "x": 0, "y": 2000, "width": 1366, "height": 768, "dpr": 1}]})";
 
 std::vector<QPointer<QWidget>> fronts; // the windows that had the keyboard, the last one at the end
 
@@ -58,7 +60,7 @@ void StartRobot(char* argument0) {
     });
     const QTemporaryDir folder;
     QFile screen(folder.filePath(QStringLiteral("screen.json")));
-    if (!screen.open(QIODevice::WriteOnly) || screen.write(kScreen) < 0) {
+    if (!screen.open(QIODevice::WriteOnly) || screen.write(kScreens) < 0) {
         throw RobotFailure("The screen can't be set up.");
     }
     screen.close();

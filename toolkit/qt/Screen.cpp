@@ -1,12 +1,15 @@
 #include "Screen.h"
 
+#include "ContentFit.h"
+#include "FontMeasure.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
 namespace folimark {
 
 int ScreenInfo::AvailableHeight() const {
-    return QGuiApplication::primaryScreen()->availableSize().height();
+    return QGuiApplication::primaryScreen()->availableSize().height() * kUnitsPerRow / RowHeight();
 }
 
 ScreenInfo Screen(int /*number*/) {

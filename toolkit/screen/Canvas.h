@@ -15,11 +15,12 @@ class Canvas : public RectControl {
     /// value.
     void GoBlank(const ToolkitKey&);
 
-    /// The user double-clicked; given the place in the canvas, in logical pixels.
+    /// The user double-clicked; given the place in the canvas, in units.
     std::function<void(Canvas&, int x, int y)> DoubleClick;
 
   protected:
     void MakeWidget(WindowFrame& frame) override;
+    void FitWidget(const WindowFrame& frame) override;
 
   private:
     Ref<Picture> backdrop_;

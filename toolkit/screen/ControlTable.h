@@ -17,7 +17,7 @@ namespace folimark {
 enum class ControlClass : std::uint8_t { Listbox, Canvas, PushButton, Label, TextField, PopupMenu };
 
 /// One row of a window's table of controls, which stand in the order in which the controls are made.
-/// Positions and sizes are logical pixels in the window's content. The members from `columnCount` on are for
+/// Positions and sizes are units in the window's content. The members from `columnCount` on are for
 /// lists.
 struct ControlRow {
     std::string_view name{};

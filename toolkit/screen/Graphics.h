@@ -11,7 +11,7 @@ namespace folimark {
 class NativeSurface;
 class Picture;
 
-/// A surface to draw on. The origin is its top left corner, units are logical pixels, y grows downwards.
+/// A surface to draw on. The origin is its top left corner, all is told in units, y grows downwards.
 class Graphics : public Object {
   public:
     explicit Graphics(std::unique_ptr<NativeSurface> surface);

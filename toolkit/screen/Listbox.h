@@ -4,6 +4,7 @@
 #include "Graphics.h"
 #include "ListRows.h"
 #include "RectControl.h"
+#include "Units.h"
 
 #include <cstdint>
 #include <vector>
@@ -13,7 +14,7 @@ namespace folimark {
 class NativeList;
 
 /// A list of rows with one or more columns, sortable by its headings. Rows and columns count from 0; a
-/// ListIndex of -1 means that no row is selected. Rows are 16 logical pixels high. A row or column outside
+/// ListIndex of -1 means that no row is selected. Rows are 16 units high. A row or column outside
 /// the list raises OutOfBoundsException everywhere.
 ///
 /// New rows reach the screen in batches, when the event loop runs. A double click, and Return on the selected
@@ -21,7 +22,7 @@ class NativeList;
 /// can ask for a fresh look.
 class Listbox : public RectControl {
   public:
-    static constexpr int kRowHeight = 16;
+    static constexpr int kRowHeight = kUnitsPerRow;
 
     /// Adds one row at the end, one text for each column.
     void AddRow(const std::vector<std::string>& cells);
@@ -53,7 +54,7 @@ class Listbox : public RectControl {
     const std::string& EmptyText() const { return emptyText_; }
     void EmptyText(const std::string& text) { emptyText_ = text; }
 
-    /// All columns' widths in logical pixels, joined by ","; 0 hides a column. The last column takes what is
+    /// All columns' widths in units, joined by ","; 0 hides a column. The last column takes what is
     /// left over, as does every column of a list whose widths are "".
     const std::string& ColumnWidths() const { return columnWidths_; }
     void ColumnWidths(const std::string& widths);
@@ -110,6 +111,7 @@ class Listbox : public RectControl {
 
   protected:
     void MakeWidget(WindowFrame& frame) override;
+    void FitWidget(const WindowFrame& frame) override;
 
   private:
     /// Null while there is none.

@@ -12,7 +12,7 @@ namespace folimark {
 class ToolkitKey;
 struct NativePicture;
 
-/// A picture in memory. Its size is in points: what it is drawn at in logical pixels when it isn't scaled.
+/// A picture in memory. Its size is in points: what it is drawn at in units when it isn't scaled.
 /// It may hold more points than that for sharp screens, or fewer if it was read for a small room.
 class Picture : public Object {
   public:

@@ -13,7 +13,7 @@ class Window;
 class WindowFrame;
 struct NativeControl;
 
-/// A place in a window's content, in logical pixels.
+/// A place in a window's content, in units.
 struct Bounds {
     int left = 0;
     int top = 0;
@@ -23,7 +23,7 @@ struct Bounds {
 
 /// The common base of all controls. It holds a control's properties; the widget that shows them belongs to
 /// the window system and goes with the window, after which the properties still answer and writing them does
-/// no harm. Positions and sizes are logical pixels, relative to the window's content.
+/// no harm. Positions and sizes are units, relative to the window's content.
 class RectControl : public Object {
   public:
     ~RectControl() override;
@@ -50,6 +50,8 @@ class RectControl : public Object {
     /// Redraws the control now, its background erased first.
     void Refresh(bool eraseBackground = true);
     void SetFocus();
+    /// Brings the control to its place in the window, which may have changed its measure.
+    void Arrange(const ToolkitKey&);
     /// The Tab key brings the keyboard here from `previous`.
     void TabAfter(const RectControl& previous);
 
@@ -61,6 +63,8 @@ class RectControl : public Object {
 
     /// Makes the widget in the window's frame; called once, when the window takes the control.
     virtual void MakeWidget(WindowFrame& frame) = 0;
+    /// Gives the widget its place in the frame, and what else goes with the frame's measure.
+    virtual void FitWidget(const WindowFrame& frame);
     /// The widget behind the control, which may have gone.
     NativeControl& Native() const { return *native_; }
 

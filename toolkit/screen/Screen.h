@@ -4,7 +4,7 @@ namespace folimark {
 
 class ScreenInfo {
   public:
-    /// Height in logical pixels without the desktop's bars and docks.
+    /// Height in units without the desktop's bars and docks.
     int AvailableHeight() const;
 };
 /// The screen of that number; 0 is the main screen, the only one that is asked for.

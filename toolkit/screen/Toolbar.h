@@ -66,7 +66,7 @@ class Toolbar : public RectControl {
     /// Adds an item at the end. Its style has to be set before.
     void Append(const Ref<ToolItem>& item);
     using RectControl::Height;
-    /// The bar's height on the screen, in logical pixels; 0 once its window has closed. A write is without
+    /// The bar's height on the screen, in units; 0 once its window has closed. A write is without
     /// effect: the bar is as high as its buttons ask for.
     int Height() const override;
 
@@ -74,6 +74,7 @@ class Toolbar : public RectControl {
 
   protected:
     void MakeWidget(WindowFrame& frame) override;
+    void FitWidget(const WindowFrame& frame) override;
 
   private:
     std::vector<Ref<ToolItem>> items_;

@@ -3,10 +3,12 @@
 #include "Color.h"
 #include "MenuBar.h"
 #include "RectControl.h"
+#include "Units.h"
 
 #include <functional>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +20,7 @@ class ToolkitKey;
 
 enum class WindowKind : std::uint8_t { Document = 0, Sheet = 8 };
 
-/// What is fixed about a kind of window. Sizes are those of the content, in logical pixels.
+/// What is fixed about a kind of window. Sizes are those of the content, in units.
 struct WindowLayout {
     std::string_view title{};
     int width = 0;
@@ -31,6 +33,8 @@ struct WindowLayout {
     bool resizeable = false;
     bool hasBackColor = true;
     Color backColor = 0xFFFFFF;
+    std::span<const Slack> slackAcross{};
+    std::span<const Slack> slackDown{};
 };
 
 class Window;

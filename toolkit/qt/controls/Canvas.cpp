@@ -19,6 +19,11 @@ void Canvas::MakeWidget(WindowFrame& frame) {
     Backdrop(backdrop_);
 }
 
+void Canvas::FitWidget(const WindowFrame& frame) {
+    RectControl::FitWidget(frame);
+    Native().As<CanvasWidget>()->Measure(QSize(Width(), Height()));
+}
+
 void Canvas::Backdrop(Ref<Picture> picture) {
     backdrop_ = std::move(picture);
     if (!backdrop_) {

@@ -3,6 +3,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace folimark {
 namespace {
 
@@ -19,9 +21,23 @@ void CanvasWidget::Show(const QImage& image, QSize size) {
     update();
 }
 
+void CanvasWidget::Measure(QSize units) {
+    units_ = units;
+    update();
+}
+
+QTransform CanvasWidget::FromUnits() const {
+    const double scale = std::min(static_cast<double>(width()) / units_.width(),
+                                  static_cast<double>(height()) / units_.height());
+    const double left = (width() - units_.width() * scale) / 2;
+    const double top = height() - units_.height() * scale;
+    return {scale, 0, 0, scale, left, top};
+}
+
 void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
-    if (!image_.isNull()) {
+    if (!image_.isNull() && !units_.isEmpty()) {
         QPainter painter(this);
+        painter.setTransform(FromUnits());
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.setOpacity(isEnabled() ? 1 : kDimmed);
         painter.drawImage(QRect(QPoint(0, 0), size_), image_);
@@ -30,7 +46,8 @@ void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
 
 void CanvasWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
-        doubleClick_(event->position().toPoint().x(), event->position().toPoint().y());
+        const QPoint place = FromUnits().inverted().map(event->position()).toPoint();
+        doubleClick_(place.x(), place.y());
     }
 }
 

@@ -20,9 +20,7 @@ void RectControl::Attach(Window& owner, std::string name, const Bounds& bounds) 
     MakeWidget(static_cast<WindowFrame&>(*owner.Native(kToolkit)));
     QWidget* widget = native_->widget;
     widget->setObjectName(ToQString(name_));
-    if (bounds.width > 0) {
-        widget->setGeometry(bounds.left, bounds.top, bounds.width, bounds.height);
-    }
+    Arrange(kToolkit);
     widget->setEnabled(enabled_);
     widget->setVisible(visible_);
     HelpTag(helpTag_);
@@ -36,9 +34,18 @@ void RectControl::Detach() {
 
 void RectControl::Height(int height) {
     bounds_.height = height;
+    Arrange(kToolkit);
+}
+
+void RectControl::Arrange(const ToolkitKey&) {
     if (native_->widget) {
-        native_->widget->resize(native_->widget->width(), height);
+        FitWidget(static_cast<const WindowFrame&>(*owner_->Native(kToolkit)));
     }
+}
+
+void RectControl::FitWidget(const WindowFrame& frame) {
+    native_->widget->setGeometry(
+        frame.OnScreen(QRect(bounds_.left, bounds_.top, bounds_.width, bounds_.height)));
 }
 
 void RectControl::Enabled(bool enabled) {

@@ -1,5 +1,7 @@
 #include "Toolbar.h"
 
+#include "ContentFit.h"
+#include "FontMeasure.h"
 #include "NativeControl.h"
 #include "NativePicture.h"
 #include "NativeToolItem.h"
@@ -16,7 +18,7 @@
 namespace folimark {
 namespace {
 
-constexpr int kIconSize = 32;
+constexpr int kIconSize = 32; // units
 
 QIcon IconOf(const Ref<Picture>& picture) {
     if (!picture) {
@@ -76,10 +78,30 @@ void Toolbar::MakeWidget(WindowFrame& frame) {
     auto* bar = new QToolBar(&frame);
     bar->setMovable(false);
     bar->setFloatable(false);
-    bar->setIconSize(QSize(kIconSize, kIconSize));
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     frame.addToolBar(bar);
     Native().widget = bar;
+}
+
+void Toolbar::FitWidget(const WindowFrame& frame) {
+    auto* bar = Native().As<QToolBar>();
+    const int icon = PixelsOf(kIconSize, frame.RowPixels());
+    bar->setIconSize(QSize(icon, icon));
+    std::vector<QToolButton*> buttons;
+    for (const Ref<ToolItem>& item : items_) {
+        if (auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(item->Native().action))) {
+            button->setMaximumWidth(QWIDGETSIZE_MAX);
+            buttons.push_back(button);
+        }
+    }
+    // Where the buttons ask for more than there is, each does with a little less: their margins have it to
+    // spare.
+    const int missing = bar->sizeHint().width() - frame.ContentWidth();
+    for (QToolButton* button : buttons) {
+        const auto count = static_cast<int>(buttons.size());
+        button->setMaximumWidth(missing > 0 ? button->sizeHint().width() - (missing + count - 1) / count
+                                            : QWIDGETSIZE_MAX);
+    }
 }
 
 void Toolbar::Append(const Ref<ToolItem>& item) {
@@ -119,7 +141,7 @@ void Toolbar::Append(const Ref<ToolItem>& item) {
 
 int Toolbar::Height() const {
     const QWidget* bar = Native().widget;
-    return bar == nullptr ? 0 : bar->sizeHint().height();
+    return bar == nullptr ? 0 : UnitsOf(bar->sizeHint().height(), RowHeight());
 }
 
 } // namespace folimark

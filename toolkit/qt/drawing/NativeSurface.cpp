@@ -1,8 +1,14 @@
 #include "NativeSurface.h"
 
+#include "ContentFit.h"
+#include "FontMeasure.h"
 #include "NativePicture.h"
 
+#include <QFontInfo>
+#include <QGuiApplication>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace folimark {
 
@@ -24,6 +30,9 @@ void PictureSurface::Paint(const std::function<void(QPainter&)>& drawing) {
     QPainter painter(&picture_->image);
     painter.scale(static_cast<double>(picture_->image.width()) / picture_->width,
                   static_cast<double>(picture_->image.height()) / picture_->height);
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(std::max(1, UnitsOf(QFontInfo(font).pixelSize(), RowHeight())));
+    painter.setFont(font);
     drawing(painter);
 }
 

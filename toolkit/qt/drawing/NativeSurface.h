@@ -16,7 +16,7 @@ struct NativePicture;
 class NativeSurface {
   public:
     virtual ~NativeSurface() = default;
-    /// In logical pixels.
+    /// In units, but for what is painted on the screen at once: in logical pixels.
     virtual QSize Size() const = 0;
     /// What ClearRect leaves.
     virtual QColor Ground() const = 0;

@@ -1,9 +1,11 @@
 #include "Picture.h"
 
+#include "FontMeasure.h"
 #include "NativePicture.h"
 #include "NativeSurface.h"
 #include "PictureProcess.h"
 #include "Resources.h"
+#include "Units.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -13,9 +15,9 @@
 namespace folimark {
 namespace {
 
-/// Logical pixels as points of the sharpest screen, rounded up.
-int InDevicePixels(int logical) {
-    return static_cast<int>(std::ceil(logical * qGuiApp->devicePixelRatio()));
+/// Units as points of the sharpest screen, rounded up.
+int InDevicePixels(int units) {
+    return static_cast<int>(std::ceil(units * qGuiApp->devicePixelRatio() * RowHeight() / kUnitsPerRow));
 }
 
 Ref<Picture> MakePicture(const QImage& image, int width, int height) {

@@ -41,6 +41,18 @@ QRect RoomIn(const QRect& cell) {
     return cell.adjusted(CellPainter::kTextMargin, 0, -CellPainter::kTextMargin, 0);
 }
 
+/// Draws one line, shortened if need be. A name that is read from the right stays at its column's side, with
+/// its extension at its end. All stand on the line that the list's own font has, also those for which another
+/// has to step in.
+void DrawLine(QPainter& painter, const QRect& room, const QString& text, Qt::Alignment alignment) {
+    painter.setLayoutDirection(Qt::LeftToRight);
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString line = metrics.elidedText(text, Qt::ElideMiddle, room.width());
+    const int left =
+        alignment.testFlag(Qt::AlignRight) ? room.right() + 1 - metrics.horizontalAdvance(line) : room.left();
+    painter.drawText(left, room.top() + (room.height() - metrics.height()) / 2 + metrics.ascent(), line);
+}
+
 } // namespace
 
 CellPainter::CellPainter(ListView* view) : QStyledItemDelegate(view), view_(*view) {}
@@ -67,18 +79,12 @@ void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
         const QString text = index.data(Qt::DisplayRole).toString();
         painter->setFont(view_.font());
         painter->setPen(selected && active ? kSelectionText : enabled ? kText : kDimmedText);
-        // A name that is read from the right stays at its column's side, with its extension at its end.
-        painter->drawText(room,
-                          index.data(Qt::TextAlignmentRole).toInt() | static_cast<int>(Qt::TextSingleLine)
-                              | static_cast<int>(Qt::TextForceLeftToRight),
-                          view_.fontMetrics().elidedText(text, Qt::ElideMiddle, room.width()));
+        DrawLine(*painter, room, text, static_cast<Qt::Alignment>(index.data(Qt::TextAlignmentRole).toInt()));
         const QString note = AsDisplayed(view_.List().NoteOf(kToolkit, index.row(), index.column()));
         const int start = view_.fontMetrics().horizontalAdvance(text) + kNoteDistance;
         if (!note.isEmpty() && start < room.width()) {
             painter->setPen(selected && active ? kSelectionNote : enabled ? kNote : kDimmedText);
-            painter->drawText(room.adjusted(start, 0, 0, 0),
-                              Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextForceLeftToRight,
-                              view_.fontMetrics().elidedText(note, Qt::ElideMiddle, room.width() - start));
+            DrawLine(*painter, room.adjusted(start, 0, 0, 0), note, Qt::AlignLeft);
         }
     }
     painter->restore();

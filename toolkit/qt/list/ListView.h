@@ -29,6 +29,9 @@ class ListView : public QTableView, public NativeList {
     void ShowSelection() override;
     void MarksChanged() override;
 
+    /// Sets the height of the rows, in logical pixels; the columns' widths go with it.
+    void Measure(int rowHeight);
+
     Listbox& List() const { return list_; }
 
     void keyboardSearch(const QString& text) override;
@@ -36,6 +39,7 @@ class ListView : public QTableView, public NativeList {
   protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -53,10 +57,14 @@ class ListView : public QTableView, public NativeList {
     /// The whole text of a cell that is cut off; "" of any other.
     QString CutOffText(const QModelIndex& index) const;
     void ShowHint(const QHelpEvent& event);
+    /// Gives the columns their widths. Where there is too little room the first one has what is left.
+    void ShareWidth();
 
     Listbox& list_;
     RowsModel* model_;
     std::unique_ptr<KeyBacklog> backlog_;
+    std::vector<int> widths_; // units
+    int rowHeight_ = 0;
     QString typed_;
     std::int64_t typedAt_ = 0;
     QTimer announcement_;

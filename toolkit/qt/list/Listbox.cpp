@@ -13,6 +13,11 @@ void Listbox::MakeWidget(WindowFrame& frame) {
     view->ShowColumns(columnWidths_);
 }
 
+void Listbox::FitWidget(const WindowFrame& frame) {
+    Native().As<ListView>()->Measure(frame.RowPixels());
+    RectControl::FitWidget(frame);
+}
+
 NativeList* Listbox::View() const {
     return Native().As<ListView>();
 }

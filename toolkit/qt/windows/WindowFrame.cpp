@@ -14,11 +14,8 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QPushButton>
 #include <QScreen>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QWindow>
 
 #include <algorithm>
@@ -26,22 +23,8 @@
 namespace folimark {
 namespace {
 
-// A pause of this many milliseconds ends a drag of the window's size.
-constexpr int kResizeEndPause = 150;
-
-// About what window managers draw around a window, in logical pixels.
-constexpr int kFrameTop = 28;
-constexpr int kFrameSide = 4;
-
-// A window on a small screen is no smaller than this.
-constexpr int kLeastWidth = 640;
-constexpr int kLeastHeight = 360;
-
-// Where the first window stands on the screen: windows that cascade from it have room there.
-constexpr QPoint kFirstPlace(24, 24);
-
-// How often a window that the window manager put elsewhere is moved back before its place is accepted.
-constexpr int kMostCorrections = 2;
+// A pause of this many milliseconds ends a drag of the window, or of its size.
+constexpr int kDragEndPause = 150;
 
 Qt::WindowFlags FlagsOf(const WindowLayout& layout) {
     if (layout.frame == WindowKind::Sheet) {
@@ -77,21 +60,21 @@ std::unique_ptr<NativeWindow> MakeNativeWindow(Window& window, const WindowLayou
 }
 
 WindowFrame::WindowFrame(Window& window, const WindowLayout& layout)
-    : QMainWindow(nullptr, FlagsOf(layout)), window_(&window), scroller_(new QScrollArea(this)),
-      content_(new QWidget), resizeable_(layout.resizeable), closeButton_(layout.closeButton),
-      minHeight_(layout.minHeight), maxHeight_(layout.maxHeight) {
+    : QMainWindow(nullptr, FlagsOf(layout)), window_(&window), layout_(layout), content_(new QWidget),
+      height_(layout.height) {
     setContextMenuPolicy(Qt::NoContextMenu);
     SetTitle(std::string(layout.title));
-    scroller_->setFrameShape(QFrame::NoFrame);
-    scroller_->setFocusPolicy(Qt::NoFocus);
-    content_->resize(layout.width, layout.height);
-    scroller_->setWidget(content_);
     if (layout.hasBackColor) {
-        scroller_->setPalette(PaletteOn(layout.backColor));
+        content_->setPalette(PaletteOn(layout.backColor));
+        content_->setAutoFillBackground(true);
     }
-    setCentralWidget(scroller_);
-    resizeEnd_.setSingleShot(true);
-    resizeEnd_.setInterval(kResizeEndPause);
+    content_->installEventFilter(this);
+    setCentralWidget(content_);
+    for (QTimer* pause : {&resizeEnd_, &movedEnd_}) {
+        pause->setSingleShot(true);
+        pause->setInterval(kDragEndPause);
+    }
+    connect(&movedEnd_, &QTimer::timeout, this, [this] { Moved(); });
     connect(&resizeEnd_, &QTimer::timeout, this, [this] {
         EnterApplication([this] {
             if (window_ != nullptr) {
@@ -111,10 +94,16 @@ void WindowFrame::MakeModal() {
     }
 }
 
+void WindowFrame::ResizedByUser() {
+    EnterApplication([this] { window_->ResizedByUser(kToolkit, false); });
+    resizeEnd_.start();
+}
+
 void WindowFrame::TakeDown() {
     connect(this, &QObject::destroyed, [kept = Ref<Window>(window_)] {});
     window_ = nullptr;
     resizeEnd_.stop();
+    movedEnd_.stop();
     hide();
     if (modalLoop_ != nullptr) {
         modalLoop_->quit();
@@ -143,26 +132,6 @@ void WindowFrame::SetTitle(const std::string& title) {
                                  : AsDisplayed(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
-int WindowFrame::BarsHeight() const {
-    return scroller_->mapTo(this, QPoint(0, 0)).y();
-}
-
-void WindowFrame::Prepare() {
-    ensurePolished();
-    layout()->activate();
-    SetContentHeight(content_->height());
-    if (placed_) {
-        PlaceContent(wanted_.x(), wanted_.y());
-    }
-}
-
-void WindowFrame::PlaceFirst() {
-    if (!placed_) {
-        const QPoint corner = Room().topLeft() + kFirstPlace;
-        PlaceContent(corner.x(), corner.y() + BarsHeight());
-    }
-}
-
 void WindowFrame::BringToFront() {
     setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
     show();
@@ -170,100 +139,36 @@ void WindowFrame::BringToFront() {
     activateWindow();
 }
 
-QRect WindowFrame::Room() const {
-    const QScreen* screen =
-        windowHandle() != nullptr ? windowHandle()->screen() : QApplication::primaryScreen();
-    return screen->availableGeometry().adjusted(kFrameSide, kFrameTop, -kFrameSide, -kFrameSide);
-}
-
-void WindowFrame::FitToScreen() {
-    const QRect screen = Room();
-    QSize size(content_->width(), content_->height() + BarsHeight());
-    // A window that the screen has room for keeps its size wherever it stands. Another one takes what is left
-    // of the screen where it stands, and its content scrolls.
-    if (size.width() > screen.width() || size.height() > screen.height()) {
-        QSize room = screen.size();
-        if (placed_) {
-            const QPoint corner = wanted_ - QPoint(0, BarsHeight());
-            room = QSize(screen.right() - corner.x(), screen.bottom() - corner.y())
-                       .expandedTo(QSize(kLeastWidth, kLeastHeight))
-                       .boundedTo(room);
-        }
-        // A scroll bar takes room from the other direction.
-        const int bar = scroller_->verticalScrollBar()->sizeHint().width();
-        const bool tooWide = size.width() > room.width();
-        const bool tooHigh = size.height() + (tooWide ? bar : 0) > room.height();
-        size = (size + QSize(tooHigh ? bar : 0, tooWide ? bar : 0)).boundedTo(room);
-    }
-    if (resizeable_) {
-        setMinimumSize(size.width(), std::min(minHeight_ + BarsHeight(), size.height()));
-        setMaximumSize(size.width(), std::min(maxHeight_ + BarsHeight(), QWIDGETSIZE_MAX));
-        resize(size);
-    } else {
-        setFixedSize(size);
-    }
-}
-
-QPoint WindowFrame::ContentPosition() const {
-    return placed_ ? wanted_ : scroller_->mapToGlobal(QPoint(0, 0));
-}
-
-void WindowFrame::PlaceContent(int left, int top) {
-    wanted_ = QPoint(left, top);
-    placed_ = true;
-    corrections_ = kMostCorrections;
-    // The geometry is that of the window without the frame that the window manager draws around it.
-    FitToScreen();
-    setGeometry(QRect(wanted_ - scroller_->mapTo(this, QPoint(0, 0)), size()));
-}
-
-void WindowFrame::moveEvent(QMoveEvent* event) {
-    QMainWindow::moveEvent(event);
-    const QPoint actual = scroller_->mapToGlobal(QPoint(0, 0));
-    if (!placed_ || actual == wanted_) {
-        return;
-    }
-    if (corrections_ > 0 && isVisible()) {
-        --corrections_;
-        setGeometry(geometry().translated(wanted_ - actual));
-        return;
-    }
-    placed_ = false; // The user moves it: from now on it stands where it stands.
-}
-
-int WindowFrame::ContentHeight() const {
-    return content_->height();
-}
-
-void WindowFrame::SetContentHeight(int height) {
-    content_->resize(content_->width(), height);
-    FitToScreen();
-}
-
-void WindowFrame::resizeEvent(QResizeEvent* event) {
-    QMainWindow::resizeEvent(event);
-    if (!resizeable_ || window_ == nullptr || !isVisible()) {
-        return;
-    }
-    const int height = size().height() - BarsHeight();
-    if (height == content_->height()) {
-        return;
-    }
-    content_->resize(content_->width(), height);
-    EnterApplication([this] { window_->ResizedByUser(kToolkit, false); });
-    resizeEnd_.start();
-}
-
 bool WindowFrame::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate && window_ != nullptr) {
-        // A window that stands where it should when it gets the keyboard isn't moved by anybody but the user.
-        if (scroller_->mapToGlobal(QPoint(0, 0)) == wanted_) {
-            corrections_ = 0;
-        }
+        NoteBorder();
         NoteFrontFrame(*this);
         EnterApplication([this] { window_->ActivatedByUser(kToolkit); });
     }
+    if (event->type() == QEvent::ApplicationFontChange) {
+        QTimer::singleShot(0, this, [this] { Prepare(); }); // once the bars have taken it
+    }
     return QMainWindow::event(event);
+}
+
+bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == content_ && event->type() == QEvent::Resize) {
+        ContentResized();
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void WindowFrame::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    WatchScreen(windowHandle()->screen());
+    connect(windowHandle(), &QWindow::screenChanged, this, &WindowFrame::WatchScreen, Qt::UniqueConnection);
+}
+
+void WindowFrame::WatchScreen(QScreen* screen) {
+    disconnect(screenWatch_);
+    if (screen != nullptr) {
+        screenWatch_ = connect(screen, &QScreen::availableGeometryChanged, this, [this] { Fit(); });
+    }
 }
 
 void WindowFrame::closeEvent(QCloseEvent* event) {
@@ -272,7 +177,7 @@ void WindowFrame::closeEvent(QCloseEvent* event) {
     if (window_ == nullptr) {
         return;
     }
-    if (!closeButton_) {
+    if (!layout_.closeButton) {
         PressDialogButton(Qt::Key_Escape); // Some window managers close windows that ask for no such button.
         return;
     }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "ContentFit.h"
 #include "NativeWindow.h"
+#include "Window.h"
 
 #include <QMainWindow>
 #include <QPoint>
@@ -8,27 +10,34 @@
 #include <QTimer>
 
 class QEventLoop;
-class QScrollArea;
+class QScreen;
 
 namespace folimark {
 
-/// The window system's side of a Window: menu bar and toolbar above a content that scrolls where the screen
-/// is too small for it.
+/// The window system's side of a Window: menu bar and toolbar above the content.
+///
+/// It is as large as its layout says where the screen has the room. Elsewhere the layout's slack gives way
+/// first, then the window's place, and the size of all that is in it last: nothing is cut off.
 class WindowFrame : public QMainWindow, public NativeWindow {
   public:
     WindowFrame(Window& window, const WindowLayout& layout);
 
     /// What the controls stand on.
     QWidget* Content() const { return content_; }
+    /// Where a rectangle of the content, in units, lies in it, in logical pixels.
+    QRect OnScreen(const QRect& units) const;
+    int ContentWidth() const { return asked_.width(); }
+    /// A list's row in this window, in logical pixels.
+    int RowPixels() const { return rowHeight_; }
 
     void Prepare() override;
     void PlaceFirst() override;
     void BringToFront() override;
     void BuildMenus() override;
-    int ContentLeft() const override { return ContentPosition().x(); }
-    int ContentTop() const override { return ContentPosition().y(); }
+    int ContentLeft() const override;
+    int ContentTop() const override;
     void PlaceContent(int left, int top) override;
-    int ContentHeight() const override;
+    int ContentHeight() const override { return height_; }
     void SetContentHeight(int height) override;
     void SetTitle(const std::string& title) override;
     void MakeModal() override;
@@ -37,35 +46,58 @@ class WindowFrame : public QMainWindow, public NativeWindow {
 
   protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     bool focusNextPrevChild(bool next) override;
 
   private:
-    /// What the menu bar and the toolbar add to the content's height.
-    int BarsHeight() const;
-    /// What the screen has for a window without its frame.
+    /// What the menu bar and the toolbar add to the content's size. All sizes and places from here on are in
+    /// logical pixels.
+    QSize Bars() const;
+    /// What the screen has for a window's content.
     QRect Room() const;
+    QPoint Wanted() const;
     QPoint ContentPosition() const;
-    void FitToScreen();
+    /// Sets rowHeight_ to the desktop's, or to what the content has room with.
+    void ChooseRowHeight(QSize room);
+    /// Gives the window the size and the place that the screen has room for.
+    void Fit();
+    void AskFor(QSize size, QSize own, QSize least);
+    /// Brings all controls to where they belong in the content.
+    void Arrange();
+    void ContentResized();
+    void ResizedByUser();
+    void Moved();
+    void NoteBorder();
+    void WatchScreen(QScreen* screen);
     bool PressDialogButton(int key);
 
     Window* window_;
     /// What WaitUntilTakenDown waits in.
     QEventLoop* modalLoop_ = nullptr;
-    QScrollArea* scroller_;
+    WindowLayout layout_;
     QWidget* content_;
-    /// Ends a drag of the window's size: the window system reports no end of it, so a pause counts as one.
+    /// These end a drag of the window's size, and of the window: the window system reports no end of either,
+    /// so a pause counts as one.
     QTimer resizeEnd_;
+    QTimer movedEnd_;
+    QMetaObject::Connection screenWatch_;
+    /// Height of the content, in units.
+    int height_;
+    int rowHeight_ = kUnitsPerRow;
+    ContentFit across_;
+    ContentFit down_;
+    /// The content's size that the window system was asked for last.
+    QSize asked_;
+    bool asking_ = false;
+    /// Where the content was placed, in units, and where that brought it, in logical pixels.
     QPoint wanted_;
+    QPoint place_;
     bool placed_ = false;
     int corrections_ = 0;
-    bool resizeable_;
-    bool closeButton_;
-    int minHeight_;
-    int maxHeight_;
 };
 
 } // namespace folimark

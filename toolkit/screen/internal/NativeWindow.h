@@ -8,7 +8,7 @@ namespace folimark {
 class Window;
 struct WindowLayout;
 
-/// What the window system does for a Window. Positions and sizes are logical pixels; positions are those of
+/// What the window system does for a Window. Positions and sizes are units; positions are those of
 /// the content on the screen.
 class NativeWindow {
   public:
