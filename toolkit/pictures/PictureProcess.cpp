@@ -44,12 +44,6 @@ std::shared_ptr<const std::uint32_t> TakePixels(const Descriptor& memory, std::s
             [place, length](const std::uint32_t*) { munmap(place, length); }};
 }
 
-bool IsSound(const PictureAnswer& answer, std::int64_t mostPixels) {
-    const auto isSide = [](std::int32_t length) { return length > 0 && length <= kLongestSide; };
-    return isSide(answer.pictureWidth) && isSide(answer.pictureHeight) && isSide(answer.width)
-           && isSide(answer.height) && std::int64_t{answer.width} * answer.height <= mostPixels;
-}
-
 } // namespace
 
 std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
@@ -69,7 +63,7 @@ std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_v
         return std::nullopt;
     }
     const std::optional<PictureAnswer> answer = TheWorker().Ask(request, {descriptor, memory.Get()}, end);
-    if (!answer || !IsSound(*answer, MostPixels(request))) {
+    if (!answer || !IsSound(*answer, request)) {
         return std::nullopt;
     }
     DecodedPicture picture{answer->pictureWidth, answer->pictureHeight, answer->width, answer->height,

@@ -29,6 +29,12 @@ std::int64_t MostPixels(const PictureRequest& request) {
     return isOwnSize || side > kLongestSide ? kMostPixels : std::min(kMostPixels, side * side);
 }
 
+bool IsSound(const PictureAnswer& answer, const PictureRequest& request) {
+    const auto isSide = [](std::int32_t length) { return length > 0 && length <= kLongestSide; };
+    return isSide(answer.pictureWidth) && isSide(answer.pictureHeight) && isSide(answer.width)
+           && isSide(answer.height) && std::int64_t{answer.width} * answer.height <= MostPixels(request);
+}
+
 bool SendRequest(int socket, const PictureRequest& request,
                  const std::array<int, kRequestDescriptors>& descriptors) {
     PictureRequest copy = request;

@@ -44,6 +44,10 @@ struct PictureAnswer {
 /// The most pixels that an answer to `request` can have: those of a square as long as the room's longer side.
 std::int64_t MostPixels(const PictureRequest& request);
 
+/// Whether an answer to `request` holds a picture, whose sizes are within bounds and whose pixels in the
+/// memory.
+bool IsSound(const PictureAnswer& answer, const PictureRequest& request);
+
 /// Sends `request` without waiting; false if the other side has gone.
 bool SendRequest(int socket, const PictureRequest& request,
                  const std::array<int, kRequestDescriptors>& descriptors);
