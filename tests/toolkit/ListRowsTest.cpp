@@ -40,6 +40,12 @@ TEST(ListRows, KeepCellsAndTags) {
     EXPECT_EQ(list.Cell(0, 4), "x");
     list.AddRow(Array<std::string>{});
     EXPECT_EQ(list.Cell(1, 0), "");
+    const std::string large(1000, 'x');
+    for (int i = 0; i < 9000; ++i) { // until what is lost has to be gathered
+        list.Cell(i % 2, 2, large + std::to_string(i));
+    }
+    EXPECT_EQ(list.Cell(0, 2), large + "8998");
+    EXPECT_EQ(list.Cell(0, 0), "b");
     list.DeleteAllRows();
     EXPECT_EQ(list.LastIndex(), -1);
 }
@@ -66,6 +72,15 @@ TEST(ListRows, SortWholeRowsAndTellWhereTheyWent) {
     EXPECT_EQ(Column(list, 0), "C d a b") << "Equal cells keep their order.";
     EXPECT_EQ(list.Sort(1, false), (std::vector<std::int64_t>{2, 3, 0, 1}));
     EXPECT_EQ(Column(list, 0), "a b C d") << "Downwards too.";
+    list.Cell(3, 1, "3"); // no longer in order by that column
+    list.Sort(1, false);
+    EXPECT_EQ(Column(list, 0), "d a b C");
+    list.Sort(1, true);
+    list.AddRow({"e", "0"});
+    list.RowTag(4, "tag of e");
+    list.Sort(1, true);
+    EXPECT_EQ(Column(list, 0), "e C a b d");
+    list.RemoveRow(0);
     list.Sort(0, false);
     EXPECT_EQ(Column(list, 0), "d C b a");
     list.Sort(7, true);

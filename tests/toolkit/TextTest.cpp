@@ -119,11 +119,14 @@ TEST(TextOrder, IsThatOfAPerson) {
 TEST(TextOrder, SortsManyTextsAsPairsAreCompared) {
     std::mt19937 random(7);
     const std::vector<std::string> pieces = {
-        "a", "A", "ä", "b", "0", " → ", "\0"s, "é", "e\u0301", "\xFF", "long common beginning "};
-    std::vector<std::string> texts(3000);
+        "a", "A", "ä",     "b",  "0", " → ", "\0"s, "é", "e\u0301", "\xFF",   "long common beginning ",
+        "ß", "l", "·",     "\r", "–", "東",  "я",   "ก", "เ",       "\u0308", "Ŀ",
+        "٣", "…", "\u00AD"};
+    std::vector<std::string> texts(20000);
     for (std::string& text : texts) {
-        for (std::size_t i = random() % 6; i > 0; --i) {
-            text += pieces[random() % pieces.size()];
+        for (std::size_t i = random() % 9; i > 0; --i) {
+            const auto letter = static_cast<std::int64_t>(random() % (i % 4 == 0 ? 0x2200 : 0x180));
+            text += i % 2 == 0 ? pieces[random() % pieces.size()] : Chr(letter);
         }
     }
     const std::vector<std::size_t> order = SortedOrder({texts.begin(), texts.end()});

@@ -3,45 +3,16 @@
 #include "Text.h"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
+#include <numeric>
 
 namespace folimark {
 namespace {
 
-// A row's block: the number of its parts, where each part ends, counted in bytes from the first text, and
-// then the texts. The tag is part 0, the cell of column c part c + 1.
-using Block = std::unique_ptr<std::uint32_t[]>;
+// A row's texts: the tag is part 0, the cell of column c part c + 1.
 constexpr std::size_t kTag = 0;
-
-const char* Texts(const Block& block) {
-    return reinterpret_cast<const char*>(block.get() + 1 + block[0]);
-}
-
-std::string_view Part(const Block& block, std::size_t part) {
-    if (part >= block[0]) {
-        return "";
-    }
-    const std::uint32_t start = part == 0 ? 0 : block[part];
-    return {Texts(block) + start, block[part + 1] - start};
-}
-
-Block MakeBlock(const std::vector<std::string_view>& parts) {
-    std::size_t bytes = 0;
-    for (const std::string_view part : parts) {
-        bytes += part.size();
-    }
-    const std::size_t header = 1 + parts.size();
-    const std::size_t words = header + (bytes + sizeof(std::uint32_t) - 1) / sizeof(std::uint32_t);
-    Block block = std::make_unique_for_overwrite<std::uint32_t[]>(words);
-    block[0] = static_cast<std::uint32_t>(parts.size());
-    char* const texts = reinterpret_cast<char*>(block.get() + header);
-    std::size_t end = 0;
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        end += parts[i].copy(texts + end, parts[i].size());
-        block[i + 1] = static_cast<std::uint32_t>(end);
-    }
-    return block;
-}
+/// Bytes that may be lost before the rows are put together anew.
+constexpr std::size_t kMostWaste = std::size_t{1} << 20U;
 
 std::size_t PartOfColumn(std::int64_t column) {
     if (column < 0 || column >= ListRows::kMostColumns) {
@@ -60,17 +31,21 @@ std::size_t ListRows::Checked(std::int64_t row) const {
 }
 
 void ListRows::AddRow(const std::vector<std::string>& cells) {
-    std::vector<std::string_view> parts{""};
-    parts.insert(parts.end(), cells.begin(), cells.end());
-    rows_.push_back(MakeBlock(parts));
+    std::array<std::string_view, RowStore::kMostTexts> parts;
+    const std::size_t count = std::min(cells.size(), parts.size() - 1);
+    std::copy_n(cells.begin(), count, parts.begin() + 1);
+    rows_.push_back(store_.Add({parts.data(), count + 1}));
+    orderedBy_ = 0;
 }
 
 void ListRows::RemoveRow(std::int64_t row) {
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(Checked(row)));
+    const std::size_t index = Checked(row);
+    store_.Remove(rows_[index]);
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
 std::string_view ListRows::Cell(std::int64_t row, std::int64_t column) const {
-    return Part(rows_[Checked(row)], PartOfColumn(column));
+    return RowStore::Text(rows_[Checked(row)], PartOfColumn(column));
 }
 
 void ListRows::Cell(std::int64_t row, std::int64_t column, std::string_view text) {
@@ -78,7 +53,7 @@ void ListRows::Cell(std::int64_t row, std::int64_t column, std::string_view text
 }
 
 std::string_view ListRows::RowTag(std::int64_t row) const {
-    return Part(rows_[Checked(row)], kTag);
+    return RowStore::Text(rows_[Checked(row)], kTag);
 }
 
 void ListRows::RowTag(std::int64_t row, std::string_view tag) {
@@ -86,38 +61,89 @@ void ListRows::RowTag(std::int64_t row, std::string_view tag) {
 }
 
 void ListRows::Replace(std::size_t row, std::size_t part, std::string_view text) {
-    std::vector<std::string_view> parts(std::max<std::size_t>(rows_[row][0], part + 1));
-    for (std::size_t i = 0; i < parts.size(); ++i) {
-        parts[i] = i == part ? text : Part(rows_[row], i);
+    // Copies, since the old row's memory may become the new one's.
+    const std::string newText(text);
+    const std::size_t count = std::max(RowStore::Count(rows_[row]), part + 1);
+    std::string old;
+    std::array<std::size_t, RowStore::kMostTexts> ends{};
+    for (std::size_t i = 0; i < count; ++i) {
+        old.append(i == part ? newText : RowStore::Text(rows_[row], i));
+        ends[i] = old.size();
     }
-    rows_[row] = MakeBlock(parts);
+    std::array<std::string_view, RowStore::kMostTexts> parts;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t start = i == 0 ? 0 : ends[i - 1];
+        parts[i] = std::string_view(old).substr(start, ends[i] - start);
+    }
+    store_.Remove(rows_[row]);
+    rows_[row] = store_.Add({parts.data(), count});
+    orderedBy_ = part == orderedBy_ ? 0 : orderedBy_;
+    if (store_.Waste() > kMostWaste && store_.Waste() > store_.Size() / 2) {
+        Compact();
+    }
+}
+
+void ListRows::Compact() {
+    RowStore compact;
+    for (const char*& row : rows_) {
+        std::array<std::string_view, RowStore::kMostTexts> parts;
+        const std::size_t count = RowStore::Count(row);
+        for (std::size_t i = 0; i < count; ++i) {
+            parts[i] = RowStore::Text(row, i);
+        }
+        row = compact.Add({parts.data(), count});
+    }
+    store_ = std::move(compact);
+}
+
+std::vector<std::size_t> ListRows::TurnedRound(std::size_t part) const {
+    std::vector<std::size_t> order(rows_.size());
+    std::size_t next = rows_.size();
+    for (std::size_t first = 0; first < rows_.size();) {
+        std::size_t last = first + 1;
+        const std::string_view text = RowStore::Text(rows_[first], part);
+        while (last < rows_.size() && RowStore::Text(rows_[last], part) == text) {
+            ++last;
+        }
+        next -= last - first;
+        std::iota(order.begin() + static_cast<std::ptrdiff_t>(next),
+                  order.begin() + static_cast<std::ptrdiff_t>(next + last - first), first);
+        first = last;
+    }
+    return order;
 }
 
 std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
     const std::size_t part = PartOfColumn(column);
-    std::vector<std::string_view> texts;
-    texts.reserve(rows_.size());
-    for (const Block& row : rows_) {
-        texts.push_back(Part(row, part));
-    }
-    std::vector<std::size_t> order = SortedOrder(texts);
-    if (!ascending) {
-        std::reverse(order.begin(), order.end());
-        for (auto equal = order.begin(); equal != order.end();) {
-            const auto end = std::find_if(equal, order.end(),
-                                          [&](std::size_t row) { return texts[row] != texts[*equal]; });
-            std::reverse(equal, end);
-            equal = end;
-        }
-    }
-    std::vector<Block> sorted;
-    sorted.reserve(rows_.size());
     std::vector<std::int64_t> newPlaces(rows_.size());
-    for (const std::size_t row : order) {
-        newPlaces[row] = static_cast<std::int64_t>(sorted.size());
-        sorted.push_back(std::move(rows_[row]));
+    std::iota(newPlaces.begin(), newPlaces.end(), 0);
+    const auto put = [this, &newPlaces](const std::vector<std::size_t>& order) {
+        std::vector<const char*> sorted;
+        sorted.reserve(rows_.size());
+        std::vector<std::int64_t> places(rows_.size());
+        for (const std::size_t row : order) {
+            places[row] = static_cast<std::int64_t>(sorted.size());
+            sorted.push_back(rows_[row]);
+        }
+        for (std::int64_t& place : newPlaces) {
+            place = places[static_cast<std::size_t>(place)];
+        }
+        rows_ = std::move(sorted);
+    };
+    if (orderedBy_ != part) {
+        std::vector<std::string_view> texts;
+        texts.reserve(rows_.size());
+        for (const char* row : rows_) {
+            texts.push_back(RowStore::Text(row, part));
+        }
+        put(SortedOrder(texts));
+        orderedBy_ = part;
+        ascending_ = true;
     }
-    rows_ = std::move(sorted);
+    if (ascending_ != ascending) {
+        put(TurnedRound(part));
+        ascending_ = ascending;
+    }
     return newPlaces;
 }
 
@@ -128,7 +154,7 @@ std::int64_t ListRows::FindPrefix(std::string_view text, std::int64_t startRow) 
     const std::size_t part = PartOfColumn(0);
     for (std::int64_t i = 0; i < count && !folded.empty(); ++i) {
         const std::int64_t row = start + i < count ? start + i : start + i - count;
-        if (StartsWithFolded(Part(rows_[static_cast<std::size_t>(row)], part), folded)) {
+        if (StartsWithFolded(RowStore::Text(rows_[static_cast<std::size_t>(row)], part), folded)) {
             return row;
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Array.h"
+#include "RowStore.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,12 +13,12 @@
 namespace folimark {
 
 /// The rows of a list: each has a text for each column and a tag that isn't shown. Rows and columns count
-/// from 0. A row is one block of memory, so that a million of them are no burden. A row outside the list, or
+/// from 0. They are kept compactly, so that a million of them are no burden. A row outside the list, or
 /// a column that no list can have, raises OutOfBoundsException.
 class ListRows {
   public:
     /// Lists have far fewer columns than this.
-    static constexpr std::int64_t kMostColumns = 256;
+    static constexpr std::int64_t kMostColumns = RowStore::kMostTexts - 1;
 
     /// Adds a row at the end, with one text for each column from the first on, and an empty tag.
     void AddRow(const std::vector<std::string>& cells);
@@ -28,19 +29,20 @@ class ListRows {
 
     /// The rows below it move up by one.
     void RemoveRow(std::int64_t row);
-    void DeleteAllRows() { rows_.clear(); }
+    void DeleteAllRows() { *this = ListRows(); }
     /// -1 for an empty list.
     std::int64_t LastIndex() const { return static_cast<std::int64_t>(rows_.size()) - 1; }
 
-    /// "" in a column that the row was given no text for. The view holds until the row is changed or removed.
+    /// "" in a column that the row was given no text for. The view holds until a row is changed, added or
+    /// removed.
     std::string_view Cell(std::int64_t row, std::int64_t column) const;
     void Cell(std::int64_t row, std::int64_t column, std::string_view text);
     std::string_view RowTag(std::int64_t row) const;
     void RowTag(std::int64_t row, std::string_view tag);
 
     /// Puts whole rows into the order of a column's texts. Rows with identical texts keep their order,
-    /// upwards and downwards. The result tells each row's new place: what stood in row i stands in row
-    /// result[i].
+    /// upwards and downwards. Rows that are in order by that column already are only turned round, if at all.
+    /// The result tells each row's new place: what stood in row i stands in row result[i].
     std::vector<std::int64_t> Sort(std::int64_t column, bool ascending);
 
     /// The first row, from `startRow` on and then from the top, whose first column starts with the text,
@@ -51,8 +53,14 @@ class ListRows {
   private:
     std::size_t Checked(std::int64_t row) const;
     void Replace(std::size_t row, std::size_t part, std::string_view text);
+    void Compact();
+    std::vector<std::size_t> TurnedRound(std::size_t part) const;
 
-    std::vector<std::unique_ptr<std::uint32_t[]>> rows_;
+    RowStore store_;
+    std::vector<const char*> rows_;
+    // By what the rows are in order: a part of them, and a direction. None (0) once they may not be any more.
+    std::size_t orderedBy_ = 0;
+    bool ascending_ = true;
 };
 
 } // namespace folimark

@@ -1,173 +1,143 @@
 #include "Text.h"
 
-#include "Exceptions.h"
+#include "LetterKeys.h"
 
 #include <algorithm>
-#include <cstring>
-#include <endian.h>
-#include <functional>
-#include <memory>
-#include <unicode/ucol.h>
-#include <unicode/ustring.h>
+#include <utility>
 
 namespace folimark {
 namespace {
 
 constexpr std::size_t kWord = sizeof(std::uint64_t);
-constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-/// What stands in for bytes that are no UTF-8.
-constexpr std::int32_t kReplacement = 0xFFFD;
-
-using Collator = std::unique_ptr<UCollator, decltype(&ucol_close)>;
-
-Collator OpenRootCollator(UColAttributeValue strength) {
-    UErrorCode error = U_ZERO_ERROR;
-    Collator collator(ucol_open("", &error), &ucol_close);
-    if (U_FAILURE(error)) {
-        throw RuntimeException(std::string("The order of texts can't be had: ") + u_errorName(error) + ".");
-    }
-    ucol_setStrength(collator.get(), strength);
-    return collator;
-}
-
-/// Puts letters before accents before case.
-const UCollator* RootCollator() {
-    static const Collator collator = OpenRootCollator(UCOL_TERTIARY);
-    return collator.get();
-}
-
-/// Knows letters alone. Its keys take half the time and room, and few texts need more to be told apart.
-const UCollator* LettersCollator() {
-    static const Collator collator = OpenRootCollator(UCOL_PRIMARY);
-    return collator.get();
-}
-
-/// Makes sort keys, in memory that it uses again for each.
-class KeyMaker {
-  public:
-    explicit KeyMaker(const UCollator* collator) : collator_(collator) {}
-
-    /// The key without its final NUL. It holds until the next one is made.
-    std::string_view Key(std::string_view text) {
-        wide_.resize(text.size());
-        std::int32_t length = 0;
-        UErrorCode error = U_ZERO_ERROR;
-        u_strFromUTF8WithSub(wide_.data(), static_cast<std::int32_t>(wide_.size()), &length, text.data(),
-                             static_cast<std::int32_t>(text.size()), kReplacement, nullptr, &error);
-        for (;;) {
-            const auto size = static_cast<std::size_t>(
-                ucol_getSortKey(collator_, wide_.data(), length, reinterpret_cast<std::uint8_t*>(key_.data()),
-                                static_cast<std::int32_t>(key_.size())));
-            if (size <= key_.size()) {
-                return std::string_view(key_).substr(0, std::max<std::size_t>(size, 1) - 1);
-            }
-            key_.resize(size);
-        }
-    }
-
-  private:
-    const UCollator* collator_;
-    std::u16string wide_;
-    std::string key_ = std::string(256, '\0');
-};
-
-/// The keys of many texts by their letters, one behind the other, each filled up with NULs to whole words,
-/// with one at least.
-class KeyStore {
-  public:
-    explicit KeyStore(const std::vector<std::string_view>& texts) : texts_(texts) {
-        std::size_t bytes = 0;
-        for (const std::string_view text : texts) {
-            bytes += text.size() + kWord;
-        }
-        keys_.reserve(bytes); // about what the keys take if no text is repeated
-    }
-
-    /// Where the key of a text is. Columns of dates or kinds repeat few texts, so the latest texts' keys are
-    /// found again, one for each slot of a small table.
-    std::size_t PlaceOf(std::size_t index) {
-        const std::size_t hash = std::hash<std::string_view>()(texts_[index]);
-        Slot& slot = slots_[hash % slots_.size()];
-        if (slot.index == kNone || slot.hash != hash || texts_[slot.index] != texts_[index]) {
-            slot = {hash, index, keys_.size()};
-            keys_.append(maker_.Key(texts_[index]));
-            keys_.append(kWord - keys_.size() % kWord, '\0');
-        }
-        return slot.place;
-    }
-
-    /// Eight bytes of a key as a number that is ordered as they are.
-    std::uint64_t WordAt(std::size_t place) const {
-        std::uint64_t word = 0;
-        std::memcpy(&word, keys_.data() + place, kWord);
-        return be64toh(word);
-    }
-
-  private:
-    struct Slot {
-        std::size_t hash = 0;
-        std::size_t index = kNone;
-        std::size_t place = 0;
-    };
-
-    const std::vector<std::string_view>& texts_;
-    KeyMaker maker_{LettersCollator()};
-    std::string keys_;
-    std::vector<Slot> slots_ = std::vector<Slot>(std::size_t{1} << 14U);
-};
 
 struct Entry {
     std::uint64_t word; // of the key, at the depth that is being sorted
-    std::size_t key;
+    const char* key;
     std::size_t index;
 };
 
-/// Entries whose keys are equal up to `depth` bytes.
-struct Run {
+/// Entries whose keys are equal up to `depth` bytes, in the order of their indexes where their keys are
+/// equal.
+struct Range {
     std::size_t first;
-    std::size_t last; // behind the run's last entry
+    std::size_t last; // behind the last entry
     std::size_t depth;
 };
 
-/// Entries whose letters are equal: accents, case, bytes, and at last their places, tell them apart.
-void SortTies(Entry* first, Entry* last, const std::vector<std::string_view>& texts) {
-    std::sort(first, last, [&texts](const Entry& left, const Entry& right) {
-        const int order = left.key == right.key ? 0 : CompareForSort(texts[left.index], texts[right.index]);
-        return order != 0 ? order < 0 : left.index < right.index;
-    });
+/// Neighbours of one word, which stay neighbours.
+struct Group {
+    std::uint64_t word;
+    std::size_t first;
+    std::size_t last;
+};
+
+/// Sorts by one word of the keys after the other, so that a comparison looks at a number only. Paths have
+/// long beginnings in common, and mostly stand together already where they do: so what is sorted are groups
+/// of neighbours, not entries.
+class Sorter {
+  public:
+    explicit Sorter(const std::vector<std::string_view>& texts) : texts_(texts) {
+        entries_.reserve(texts.size());
+        for (const std::string_view text : texts) {
+            entries_.push_back({0, keys_.Add(text), entries_.size()});
+        }
+        ranges_.push_back({0, entries_.size(), 0});
+    }
+
+    std::vector<std::size_t> Order() {
+        while (!ranges_.empty()) {
+            const Range range = ranges_.back();
+            ranges_.pop_back();
+            GatherGroups(range);
+            SortGroups(range);
+            Divide(range);
+        }
+        std::vector<std::size_t> order;
+        order.reserve(entries_.size());
+        for (const Entry& entry : entries_) {
+            order.push_back(entry.index);
+        }
+        return order;
+    }
+
+  private:
+    void GatherGroups(const Range& range);
+    void SortGroups(const Range& range);
+    void Divide(const Range& range);
+    void SortTies(std::size_t first, std::size_t last);
+
+    const std::vector<std::string_view>& texts_;
+    LetterKeys keys_;
+    std::vector<Entry> entries_;
+    std::vector<Range> ranges_;
+    // Memory that is used again for each range.
+    std::vector<Group> groups_;
+    std::vector<Entry> sorted_;
+};
+
+void Sorter::GatherGroups(const Range& range) {
+    groups_.clear();
+    for (std::size_t i = range.first; i < range.last; ++i) {
+        Entry& entry = entries_[i];
+        entry.word = LetterKeys::WordAt(entry.key + range.depth);
+        if (groups_.empty() || groups_.back().word != entry.word) {
+            groups_.push_back({entry.word, i, i});
+        }
+        groups_.back().last = i + 1;
+    }
 }
 
-/// Sorts by one word of the keys after the other, so that a comparison looks at the entries only. Paths have
-/// long beginnings in common; a comparison of whole keys would read them again and again.
-void SortByKeys(std::vector<Entry>& entries, const KeyStore& keys,
-                const std::vector<std::string_view>& texts) {
-    std::vector<Run> runs{{0, entries.size(), 0}};
-    while (!runs.empty()) {
-        const Run run = runs.back();
-        runs.pop_back();
-        Entry* const first = entries.data() + run.first;
-        Entry* const last = entries.data() + run.last;
-        if (std::all_of(first, last, [first](const Entry& entry) { return entry.key == first->key; })) {
-            SortTies(first, last, texts);
-            continue;
-        }
-        for (Entry* entry = first; entry != last; ++entry) {
-            entry->word = keys.WordAt(entry->key + run.depth);
-        }
-        std::sort(first, last, [](const Entry& left, const Entry& right) { return left.word < right.word; });
-        for (Entry* equal = first; equal != last;) {
-            Entry* const end =
-                std::find_if(equal, last, [equal](const Entry& entry) { return entry.word != equal->word; });
-            const bool keyEnds = (equal->word & 0xFFU) == 0;
-            if (end - equal > 1 && keyEnds) {
-                SortTies(equal, end, texts);
-            } else if (end - equal > 1) {
-                runs.push_back({static_cast<std::size_t>(equal - entries.data()),
-                                static_cast<std::size_t>(end - entries.data()), run.depth + kWord});
-            }
-            equal = end;
-        }
+void Sorter::SortGroups(const Range& range) {
+    const auto isLess = [](const Group& left, const Group& right) {
+        return left.word != right.word ? left.word < right.word : left.first < right.first;
+    };
+    if (std::is_sorted(groups_.begin(), groups_.end(), isLess)) {
+        return;
     }
+    std::sort(groups_.begin(), groups_.end(), isLess);
+    sorted_.clear();
+    for (const Group& group : groups_) {
+        sorted_.insert(sorted_.end(), entries_.data() + group.first, entries_.data() + group.last);
+    }
+    std::copy(sorted_.begin(), sorted_.end(), entries_.data() + range.first);
+}
+
+void Sorter::Divide(const Range& range) {
+    std::size_t first = range.first;
+    for (std::size_t i = 0; i < groups_.size();) {
+        const std::uint64_t word = groups_[i].word;
+        std::size_t last = first;
+        for (; i < groups_.size() && groups_[i].word == word; ++i) {
+            last += groups_[i].last - groups_[i].first;
+        }
+        const bool keyEnds = (word & 0xFFU) == 0;
+        if (last - first > 1 && keyEnds) {
+            SortTies(first, last);
+        } else if (last - first > 1) {
+            ranges_.push_back({first, last, range.depth + kWord});
+        }
+        first = last;
+    }
+}
+
+/// Entries whose letters are equal: accents, case and bytes tell them apart, if anything does.
+void Sorter::SortTies(std::size_t first, std::size_t last) {
+    const auto textOf = [this](const Entry& entry) { return texts_[entry.index]; };
+    Entry* const begin = entries_.data() + first;
+    Entry* const end = entries_.data() + last;
+    if (std::all_of(begin, end, [&](const Entry& entry) { return textOf(entry) == textOf(*begin); })) {
+        return;
+    }
+    std::vector<std::pair<std::string, Entry>> keyed;
+    for (const Entry* entry = begin; entry != end; ++entry) {
+        keyed.emplace_back(SortKey(textOf(*entry)), *entry);
+    }
+    std::sort(keyed.begin(), keyed.end(), [&](const auto& left, const auto& right) {
+        const int order = left.first.compare(right.first);
+        const int bytes = order != 0 ? order : textOf(left.second).compare(textOf(right.second));
+        return bytes != 0 ? bytes < 0 : left.second.index < right.second.index;
+    });
+    std::transform(keyed.begin(), keyed.end(), begin, [](const auto& pair) { return pair.second; });
 }
 
 } // namespace
@@ -182,19 +152,7 @@ int CompareForSort(std::string_view left, std::string_view right) {
 }
 
 std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts) {
-    KeyStore keys(texts);
-    std::vector<Entry> entries;
-    entries.reserve(texts.size());
-    for (std::size_t index = 0; index < texts.size(); ++index) {
-        entries.push_back({0, keys.PlaceOf(index), index});
-    }
-    SortByKeys(entries, keys, texts);
-    std::vector<std::size_t> order;
-    order.reserve(entries.size());
-    for (const Entry& entry : entries) {
-        order.push_back(entry.index);
-    }
-    return order;
+    return Sorter(texts).Order();
 }
 
 } // namespace folimark
