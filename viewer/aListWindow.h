@@ -112,6 +112,9 @@ class aListWindow : public MenuBarWindow {
     bool _EditRemoveHighlighting_Action();
     bool _RevealItem_Action();
 
+    /// Reads a file no larger than the canvas asks for, and shows meanwhile which one that is. Nil if it
+    /// can't be read.
+    Ref<Picture> OpenForPreview(const Ref<FolderItem>& file);
     /// The picture for the canvas: the source fitted into it, on the window's colour.
     Ref<Picture> ComposePreview(const Ref<Picture>& source);
     /// The picture for the canvas that says a short text instead.

@@ -16,7 +16,7 @@ struct MediaKind {
     const char* canvasHelp;
     const char* buttonHelp;
     const char* buttonCaption;
-    const char* unreadable; ///< shown in place of a file that can't be read
+    const char* name;
 };
 
 constexpr MediaKind kKinds[] = {
@@ -29,19 +29,19 @@ constexpr MediaKind kKinds[] = {
      "Click this button to open the selected image displayed above in its default application (for example, "
      "Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another appropriate "
      "application).",
-     "Open Image File  ⌘O", "This image file can’t be read."},
+     "Open Image File  ⌘O", "image"},
     {GlobalData::CheckVideoFileType, MoviesIcon,
      "Double-click this movies icon to open the selected video file in its default application (usually "
      "QuickTime Player, but also could be iMovie, VLC, RealPlayer or another appropriate application).",
      "Click this button to open the selected video file in its default application (usually QuickTime "
      "Player, but also could be iMovie, VLC, RealPlayer or another appropriate application).",
-     "Open Video File  ⌘O", "Video"},
+     "Open Video File  ⌘O", "video"},
     {GlobalData::CheckAudioFileType, MusicIcon,
      "Double-click this music icon to open the selected audio file in its default application (usually "
      "QuickTime Player or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
      "Click this button to open the selected audio file in its default application (usually QuickTime "
      "Player or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
-     "Open Audio File  ⌘O", "Audio"},
+     "Open Audio File  ⌘O", "audio"},
     {GlobalData::CheckPDFFileType, nullptr,
      "Double-click this large thumbnail of the selected PDF file to open it in its default application (for "
      "example, Preview, Adobe Reader or another appropriate application).\r\r"
@@ -49,7 +49,7 @@ constexpr MediaKind kKinds[] = {
      "list to the left to update its thumbnail.",
      "Click this button to open the selected PDF file displayed above in its default application (for "
      "example, Preview, Adobe Reader or another appropriate application).",
-     "Open PDF file  ⌘O", "This PDF file can’t be read."},
+     "Open PDF file  ⌘O", "PDF"},
 };
 
 const MediaKind* KindOf(const std::string& type) {
@@ -82,10 +82,25 @@ bool CanBeFitted(const Ref<Picture>& picture) {
     return fits(picture->Width()) && fits(picture->Height());
 }
 
-/// A picture that is to be fitted is read no larger than the canvas, any other one as it is.
-Ref<Picture> OpenFor(const Canvas& canvas, const Ref<FolderItem>& file) {
-    const Ref<Picture> picture = Picture::Open(file, canvas.Width(), canvas.Height());
-    return picture && !CanBeFitted(picture) ? Picture::Open(file) : picture;
+/// Says why a file isn't shown.
+std::string NoticeOf(const MediaKind& kind, const FolderItem& file) {
+    const std::string thisFile = std::string("This ") + kind.name + " file ";
+    if (kind.icon != nullptr) {
+        return thisFile + "can’t be shown.";
+    }
+    if (!file.Unknown() && file.Length() == 0) {
+        return thisFile + "is empty.";
+    }
+    switch (file.Unknown() ? PictureRefusal::Unreadable : Picture::LastRefusal()) {
+    case PictureRefusal::TooLarge:
+        return thisFile + "is too large for a preview.";
+    case PictureRefusal::TooSlow:
+        return thisFile + "takes too long to read.";
+    case PictureRefusal::Damaged:
+        return thisFile + "is damaged, or isn’t what its name says.";
+    default:
+        return thisFile + "can’t be read.";
+    }
 }
 
 /// Has the user been told, in this run, that no pictures can be read?
@@ -117,28 +132,41 @@ void aListWindow::DrawCatalogItem() {
         Close();
         return;
     }
-    Ref<Picture> source;
-    const char* unreadable = "";
-    bool readerIsBroken = false;
-    if (const MediaKind* kind = KindOf(file->Type())) {
-        if (there) {
-            source = kind->icon != nullptr ? kind->icon() : OpenFor(*canvas, file);
-            readerIsBroken = !source && kind->icon == nullptr && Picture::ReaderIsBroken();
-        }
-        unreadable = readerIsBroken ? "Pictures can’t be shown."
-                     : there        ? kind->unreadable
-                                    : "This file can’t be read.";
-        canvas->HelpTag(kind->canvasHelp);
-        EditPushButton()->HelpTag(kind->buttonHelp);
-        EditPushButton()->Caption(kind->buttonCaption);
-    } else {
+    const MediaKind* kind = KindOf(file->Type());
+    if (kind == nullptr) {
         MsgBox("File is not a recognizable media file, but this can't happen");
-        source = FilledPicture(canvas, 8, kRed);
+        canvas->Backdrop(ComposePreview(FilledPicture(canvas, 8, kRed)));
+        return;
     }
-    canvas->Backdrop(source ? ComposePreview(source) : ComposeNotice(unreadable));
+    canvas->HelpTag(kind->canvasHelp);
+    EditPushButton()->HelpTag(kind->buttonHelp);
+    EditPushButton()->Caption(kind->buttonCaption);
+    Ref<Picture> source;
+    if (there) {
+        source = kind->icon != nullptr ? kind->icon() : OpenForPreview(file);
+    }
+    const bool readerIsBroken = there && !source && kind->icon == nullptr && Picture::ReaderIsBroken();
+    canvas->Backdrop(source           ? ComposePreview(source)
+                     : readerIsBroken ? ComposeNotice("Pictures can’t be shown.")
+                                      : ComposeNotice(NoticeOf(*kind, *file)));
     if (readerIsBroken) {
         TellOfReaderOnce();
     }
+}
+
+Ref<Picture> aListWindow::OpenForPreview(const Ref<FolderItem>& file) {
+    const Ref<Canvas> canvas = TheCanvas();
+    const auto showProgress = [&](bool isLong) {
+        TheListBox()->Refresh(true);
+        EditPushButton()->Refresh(true);
+        if (isLong) {
+            canvas->Backdrop(ComposeNotice("Reading…"));
+            canvas->Refresh(true);
+        }
+    };
+    const Ref<Picture> picture = Picture::Open(file, canvas->Width(), canvas->Height(), showProgress);
+    // One that can't be fitted is shown as it is.
+    return picture && !CanBeFitted(picture) ? Picture::Open(file, 0, 0, showProgress) : picture;
 }
 
 Ref<Picture> aListWindow::ComposeNotice(const std::string& text) {

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <sys/stat.h>
 
 namespace folimark::test {
 namespace {
@@ -139,6 +141,19 @@ TEST(AlbumWindow, FilesOpenFromButtonCanvasMenuAndNotFromTheList) {
     DoubleClick(album, "TheCanvas");
     Choose("File", "Open Media File");
     EXPECT_EQ(RunningApplication::Launched(), std::vector<std::string>(3, folder.Path("b.mp3")));
+    {
+        folder.Write("bin/xdg-open", "#!/bin/sh\nexit 3\n");
+        ASSERT_EQ(chmod(folder.Path("bin/xdg-open").c_str(), 0755), 0);
+        setenv("PATH", (folder.Path("bin") + ":" + std::getenv("PATH")).c_str(), 1);
+        SetLaunchHandler(nullptr);
+        bool told = false;
+        Answers::Look = [&](const QWidget&) { told = true; };
+        const Answers answers{{"“b.mp3” could not be opened.", "OK"}};
+        Press(Qt::Key_O, Qt::ControlModifier);
+        WaitFor([&] { return told; }, "a failed opening is told");
+        Settle();
+        Answers::Look = nullptr;
+    }
     Press(Qt::Key_Escape);
     EXPECT_EQ(FrontTitle(), "Folimark");
     EXPECT_GT(album->ControlCount(), 0);

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <spawn.h>
+#include <sys/eventfd.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
@@ -72,9 +73,13 @@ std::vector<char*> Pointers(const std::vector<std::string>& strings) {
 }
 
 /// The thread waits in the system for as long as the child lives, and touches nothing of ours.
-void ReapAtItsEnd(pid_t child) {
-    std::thread([child] {
-        while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+void ReapAtItsEnd(pid_t child, Descriptor told) {
+    std::thread([child, told = std::move(told)] {
+        int status = 0;
+        while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+        }
+        if (told) {
+            eventfd_write(told.Get(), static_cast<eventfd_t>(status) + 1);
         }
     }).detach();
 }
@@ -102,7 +107,10 @@ std::optional<ChildProcess> StartChild(const ChildStart& start) {
         prlimit(child.id, limit.resource, &both, nullptr);
     }
     child.handle = Descriptor(static_cast<int>(syscall(SYS_pidfd_open, child.id, 0)));
-    ReapAtItsEnd(child.id);
+    if (start.tellsStatus) {
+        child.status = Descriptor(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    }
+    ReapAtItsEnd(child.id, Descriptor(child.status ? fcntl(child.status.Get(), F_DUPFD_CLOEXEC, 0) : -1));
     return child;
 }
 

@@ -26,6 +26,7 @@ struct ChildStart {
     int passed = -1;
     bool keepsErrorOutput = false;
     std::vector<ChildLimit> limits;
+    bool tellsStatus = false;
 };
 
 /// A program that was started. Nobody has to wait for its end: it never stays behind as a zombie, whether it
@@ -35,6 +36,9 @@ struct ChildProcess {
     /// Stands for this very process, also when its number has been given to another (pidfd_open(2)); it is
     /// ready for reading from the process's end on.
     Descriptor handle;
+    /// For who has asked for it: can be read from the process's end on (eventfd(2)), and gives 1 more than
+    /// the status of waitpid(2) then.
+    Descriptor status;
 
     /// Ends it (SIGKILL), and doesn't wait for that.
     void Kill() const;

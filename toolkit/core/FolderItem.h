@@ -119,5 +119,8 @@ Ref<FolderItem> Preferences();
 /// What Launch calls, with the native path; null brings back the default, which starts the desktop's
 /// "xdg-open".
 void SetLaunchHandler(std::function<void(const std::string& nativePath)> handler);
+/// What is told of each opening by the default: the native path, and a descriptor that gives the opener's
+/// status (ChildProcess::status), or none if there is no opener.
+void SetLaunchWatcher(std::function<void(const std::string& nativePath, Descriptor status)> watcher);
 
 } // namespace folimark

@@ -1,4 +1,5 @@
 #include "ChildProcess.h"
+#include "Descriptor.h"
 #include "FolderItem.h"
 
 namespace folimark {
@@ -9,7 +10,16 @@ std::function<void(const std::string&)>& Handler() {
     return handler;
 }
 
+std::function<void(const std::string&, Descriptor)>& Watcher() {
+    static std::function<void(const std::string&, Descriptor)> watcher;
+    return watcher;
+}
+
 } // namespace
+
+void SetLaunchWatcher(std::function<void(const std::string& nativePath, Descriptor status)> watcher) {
+    Watcher() = std::move(watcher);
+}
 
 void SetLaunchHandler(std::function<void(const std::string& nativePath)> handler) {
     Handler() = std::move(handler);
@@ -20,7 +30,11 @@ void FolderItem::Launch(bool /*activate*/) const {
     if (Handler()) {
         Handler()(NativePath());
     } else {
-        StartChild({.command = {"xdg-open", NativePath()}, .environment = {}, .limits = {}});
+        std::optional<ChildProcess> opener = StartChild(
+            {.command = {"xdg-open", NativePath()}, .environment = {}, .limits = {}, .tellsStatus = true});
+        if (Watcher()) {
+            Watcher()(NativePath(), opener ? std::move(opener->status) : Descriptor());
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <chrono>
+#include "Patience.h"
+
 #include <future>
 #include <memory>
 #include <string>
@@ -19,8 +20,8 @@ class PatientFile {
     ~PatientFile();
 
     /// The descriptor, which is the thread's and open as long as this lives. -1 if the file can't be opened,
-    /// is no regular file, or isn't open at `end`.
-    int Wait(std::chrono::steady_clock::time_point end);
+    /// is no regular file, or isn't open when the patience is over.
+    int Wait(Patience& patience);
 
   private:
     std::future<int> opened_;

@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::chrono::seconds kPatience{5};
 
+PictureRefusal lastRefusal = PictureRefusal::None;
+
 PictureWorker& TheWorker() {
     static PictureWorker worker;
     return worker;
@@ -47,7 +49,8 @@ std::shared_ptr<const std::uint32_t> TakePixels(const Descriptor& memory, std::s
 } // namespace
 
 std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
-                                          int wantedHeight) {
+                                          int wantedHeight, const Patience::Teller& teller) {
+    lastRefusal = PictureRefusal::Unreadable;
     PictureRequest request;
     if (type.size() >= request.type.size()) {
         return std::nullopt;
@@ -56,24 +59,36 @@ std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_v
     request.wantedWidth = wantedWidth;
     request.wantedHeight = wantedHeight;
     const Descriptor memory = NewSharedMemory(MostPixels(request));
-    const auto end = PictureWorker::Clock::now() + kPatience;
+    Patience patience(kPatience, teller);
     PatientFile file(path);
-    const int descriptor = file.Wait(end);
+    const int descriptor = file.Wait(patience);
     if (!memory || descriptor < 0) {
+        lastRefusal = patience.IsOver() ? PictureRefusal::TooSlow : PictureRefusal::Unreadable;
         return std::nullopt;
     }
-    const std::optional<PictureAnswer> answer = TheWorker().Ask(request, {descriptor, memory.Get()}, end);
+    const std::optional<PictureAnswer> answer =
+        TheWorker().Ask(request, {descriptor, memory.Get()}, patience);
     if (!answer || !IsSound(*answer, request)) {
+        // A process that has died says nothing. What one says is only ever shown as one of a few sentences.
+        lastRefusal = answer              ? answer->refusal
+                      : patience.IsOver() ? PictureRefusal::TooSlow
+                                          : PictureRefusal::Damaged;
         return std::nullopt;
     }
     DecodedPicture picture{answer->pictureWidth, answer->pictureHeight, answer->width, answer->height,
                            nullptr};
     picture.pixels = TakePixels(memory, std::size_t(picture.width) * std::size_t(picture.height));
     if (!picture.pixels) {
+        lastRefusal = PictureRefusal::Damaged;
         TheWorker().End();
         return std::nullopt;
     }
+    lastRefusal = PictureRefusal::None;
     return picture;
+}
+
+PictureRefusal LastRefusal() {
+    return lastRefusal;
 }
 
 bool PictureProcessIsBroken() {
@@ -83,7 +98,8 @@ bool PictureProcessIsBroken() {
     const PictureRequest anything;
     const Descriptor file(memfd_create("folimark-nothing", MFD_CLOEXEC));
     const Descriptor memory = NewSharedMemory(MostPixels(anything));
-    TheWorker().Ask(anything, {file.Get(), memory.Get()}, PictureWorker::Clock::now() + kPatience);
+    Patience patience(kPatience);
+    TheWorker().Ask(anything, {file.Get(), memory.Get()}, patience);
     return TheWorker().IsSuspect();
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "Patience.h"
+#include "PictureRefusal.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -35,8 +38,13 @@ struct DecodedPicture {
 /// Gives nothing if the file can't be read, or opening and reading it take more than five seconds or more
 /// than 1.5 GiB, and never waits longer, whatever the file lies on. Waits for the answer; the caller's thread
 /// is the only one that may use the picture process.
+///
+/// Whoever gives a teller hears that the reading takes its time; it must not read a picture itself.
 std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
-                                          int wantedHeight);
+                                          int wantedHeight, const Patience::Teller& teller = {});
+
+/// Why the last call of ReadPicture gave nothing; None if it gave a picture.
+PictureRefusal LastRefusal();
 
 /// After ReadPicture has given nothing: is that no fault of the file, since the picture process can't be
 /// started, or ends at whatever it is asked?

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Descriptor.h"
+#include "PictureRefusal.h"
 
 #include <array>
 #include <cstdint>
@@ -39,6 +40,7 @@ struct PictureAnswer {
     std::int32_t width = 0;
     std::int32_t height = 0;
     std::uint32_t number = 0; // of the question that is answered
+    PictureRefusal refusal = PictureRefusal::None;
 };
 
 /// The most pixels that an answer to `request` can have: those of a square as long as the room's longer side.

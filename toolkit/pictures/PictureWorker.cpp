@@ -13,7 +13,7 @@
 namespace folimark {
 namespace {
 
-using Clock = PictureWorker::Clock;
+using Clock = Patience::Clock;
 
 // What a process may keep after an answer, and how many answers it gives.
 constexpr std::int64_t kMostResident = std::int64_t{192} << 20; // bytes
@@ -120,7 +120,7 @@ bool PictureWorker::IsWorn() const {
 
 std::optional<PictureAnswer> PictureWorker::Ask(PictureRequest request,
                                                 const std::array<int, kRequestDescriptors>& descriptors,
-                                                Clock::time_point end) {
+                                                Patience& patience) {
     request.number = ++questions_;
     isSuspect_ = true;
     // A process that dies of a question may have been dying before (the system's memory ran out, say), so a
@@ -135,7 +135,7 @@ std::optional<PictureAnswer> PictureWorker::Ask(PictureRequest request,
         }
         if (SendRequest(socket_.Get(), request, descriptors)) {
             PictureAnswer answer;
-            if (!WaitFor(socket_.Get(), end)) {
+            if (!patience.Wait([this](Clock::time_point end) { return WaitFor(socket_.Get(), end); })) {
                 isSuspect_ = false;
                 break;
             }

@@ -2,8 +2,10 @@
 
 #include "Accessibility.h"
 #include "EventGate.h"
+#include "FolderItem.h"
 #include "HelpTags.h"
 #include "OpenWindows.h"
+#include "OpeningWatch.h"
 #include "PlatformText.h"
 #include "Resources.h"
 #include "Toolkit.h"
@@ -99,6 +101,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
     application->installEventFilter(new HelpTags(application));
     InstallAccessibility();
     MakeDimmedTextReadable();
+    SetLaunchWatcher(WatchOpening);
     SetYieldHandler([] { LetEventsIn([] { QCoreApplication::processEvents(); }); });
 }
 

@@ -71,11 +71,15 @@ TEST_F(PictureProcess, IsEndedWhenItDoesNotAnswer) {
     const Descriptor file = FileWith("");
     const Descriptor memory = FileWith("pixel");
     PictureRequest request{{"hang"}, 0, 0};
-    const auto in = [](auto time) { return PictureWorker::Clock::now() + time; };
-    EXPECT_FALSE(worker.Ask(request, {file.Get(), memory.Get()}, in(std::chrono::milliseconds(100))));
+    std::string told;
+    Patience little(std::chrono::milliseconds(300),
+                    [&](bool isLong) { told += isLong ? "long" : "moment "; });
+    EXPECT_FALSE(worker.Ask(request, {file.Get(), memory.Get()}, little));
+    EXPECT_EQ(told, "moment long");
     WaitForLastChild();
     request.type = {"well"};
-    EXPECT_TRUE(worker.Ask(request, {file.Get(), memory.Get()}, in(std::chrono::minutes(1))));
+    Patience much(std::chrono::minutes(1));
+    EXPECT_TRUE(worker.Ask(request, {file.Get(), memory.Get()}, much));
 }
 
 TEST_F(PictureProcess, IsReplacedWhenItDiedBetweenTwoPictures) {
@@ -162,6 +166,7 @@ TEST_F(PictureProcess, IsNotNeededWhereThereIsNoFile) {
     for (const std::string& path :
          {folder.Path("pipe"), folder.Path("sub"), folder.Path("none"), std::string()}) {
         EXPECT_FALSE(ReadPicture(path, "well", 0, 0)) << path;
+        EXPECT_EQ(LastRefusal(), PictureRefusal::Unreadable);
     }
     WaitForLastChild();
 }

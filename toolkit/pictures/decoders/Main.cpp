@@ -7,6 +7,7 @@
 #include <cstring>
 #include <exception>
 #include <fcntl.h>
+#include <new>
 #include <sys/mman.h>
 #include <sys/stat.h>
 
@@ -66,16 +67,26 @@ bool CopyTo(int memory, const std::vector<std::uint32_t>& argb) {
     return bool(target);
 }
 
+PictureAnswer Refused(PictureRefusal refusal) {
+    PictureAnswer answer;
+    answer.refusal = refusal;
+    return answer;
+}
+
 PictureAnswer AnswerTo(const PictureRequest& request, int file, int memory) {
     try {
         const std::optional<Pixels> pixels = Decode(file, request);
         if (pixels && CopyTo(memory, pixels->argb)) {
             return {pixels->picture.width, pixels->picture.height, pixels->size.width, pixels->size.height};
         }
-    } catch (const std::exception&) {
-        // A lie about sizes ends as a failed allocation here. The next file has all of the memory again.
+    } catch (const PictureTooLarge&) {
+        return Refused(PictureRefusal::TooSlow);
+    } catch (const std::bad_alloc&) {
+        // A lie about sizes ends here, too. The next file has all of the memory again.
+        return Refused(PictureRefusal::TooLarge);
+    } catch (const std::exception&) { // whatever else a decoder finds wrong
     }
-    return {};
+    return Refused(PictureRefusal::Damaged);
 }
 
 void Settle() {

@@ -42,9 +42,14 @@ Picture::Picture(std::unique_ptr<NativePicture> native) : native_(std::move(nati
 
 Picture::~Picture() = default;
 
-Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight) {
-    const std::optional<DecodedPicture> decoded =
-        ReadPicture(file->NativePath(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight));
+PictureRefusal Picture::LastRefusal() {
+    return folimark::LastRefusal();
+}
+
+Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight,
+                           const std::function<void(bool isLong)>& waits) {
+    const std::optional<DecodedPicture> decoded = ReadPicture(
+        file->NativePath(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight), waits);
     if (!decoded) {
         return {};
     }
