@@ -37,7 +37,8 @@ constexpr std::string_view kListHelp =
 
 constexpr std::string_view kEmptyText =
     "There are no albums yet.\n\n"
-    "Create Album makes one from a folder with pictures, films, sounds or PDF files.";
+    "Create Album makes one from a folder with pictures, films, sounds or PDF files. "
+    "So does dropping such a folder here.";
 
 constexpr ControlRow kControls[] = {
     {.name = "TheListBox",

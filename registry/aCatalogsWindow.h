@@ -43,6 +43,8 @@ class aCatalogsWindow : public MenuBarWindow {
     void Event_Close() override;
     void Event_Resized() override;
     void Event_Resizing() override;
+    bool AcceptsFolders() const override;
+    void Event_DropFolder(const Ref<FolderItem>& folder) override;
 
     /// Searches a folder's tree for a visible media file and sets AnyPictures if there is one. Yields.
     /// \returns the native path of the first folder that could not be read; "" if all could.
@@ -119,6 +121,8 @@ class aCatalogsWindow : public MenuBarWindow {
     bool TellOfFolder(const Ref<aListWindow>& window, const Ref<FolderItem>& folder);
     /// Closes the window, tells the user, and takes its album out of the list.
     void RemoveFailedCatalog(const Ref<aListWindow>& window);
+    /// Makes an album of a folder, if it holds media and is none yet. Nil does nothing.
+    void CreateCatalogFrom(const Ref<FolderItem>& chosen);
     void AddCatalogFolder(const Ref<FolderItem>& folder);
     /// Closes the window in the slot, if there is one, and empties the slot.
     void CloseSlot(std::int64_t row);

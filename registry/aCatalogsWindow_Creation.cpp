@@ -16,7 +16,27 @@ void aCatalogsWindow::zAddCatalog() {
     dialog->ActionButtonCaption("Choose");
     dialog->Title("Create an Album");
     dialog->PromptText("Choose a Folder Containing Images");
-    GlobalData::CatalogFolder = dialog->ShowModal();
+    CreateCatalogFrom(dialog->ShowModal());
+}
+
+bool aCatalogsWindow::AcceptsFolders() const {
+    return !adding_ && rowsInUse_ == 0;
+}
+
+void aCatalogsWindow::Event_DropFolder(const Ref<FolderItem>& folder) {
+    if (!AcceptsFolders()) {
+        return;
+    }
+    adding_ = true;
+    const Finally done([this] {
+        adding_ = false;
+        AddCatalogButton->Pushed(false); // It may have been clicked meanwhile.
+    });
+    CreateCatalogFrom(folder);
+}
+
+void aCatalogsWindow::CreateCatalogFrom(const Ref<FolderItem>& chosen) {
+    GlobalData::CatalogFolder = chosen;
     // While the search yields, other albums may be opened, which changes the global.
     const Ref<FolderItem> folder = GlobalData::CatalogFolder;
     if (!folder || !folder->Exists()) {

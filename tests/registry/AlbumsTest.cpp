@@ -8,7 +8,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QLabel>
+#include <QMimeData>
+#include <QUrl>
 
 #include <filesystem>
 #include <sys/stat.h>
@@ -52,6 +55,37 @@ TEST(Albums, OnlyFoldersWithVisibleMediaBecomeAlbumsAndOnlyOnce) {
     EXPECT_FALSE(GlobalData::CatalogFolder);
     EXPECT_EQ(application.Labels(), "Trips: 1");
     EXPECT_EQ(RunningApplication::ListFile(), lines);
+}
+
+/// Drags what is at the native path over the window, and drops it if the window lets it. \returns whether it
+/// does.
+bool Drop(const Ref<Window>& window, const std::string& path) {
+    QWidget& frame = *WidgetOf(window, "TheListBox").window();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+    const QPoint place(50, 200);
+    QDragEnterEvent enters(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &enters);
+    QDropEvent drops(place, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&frame, &drops);
+    EXPECT_EQ(enters.isAccepted(), drops.isAccepted());
+    EXPECT_TRUE(!drops.isAccepted() || drops.dropAction() == Qt::CopyAction);
+    Settle();
+    return drops.isAccepted();
+}
+
+TEST(Albums, AFolderThatIsDroppedBecomesOne) {
+    const TestFolder folder{"A/a.jpg", "None/"};
+    const RunningApplication application;
+    const Answers answers{{"The album “A” has been created.", "OK"},
+                          {"The album “A” has already been cteated.", "OK"},
+                          {"This folder does not contain any media files.", "OK"}};
+    EXPECT_TRUE(Drop(application.Albums(), folder.Path("A")));
+    EXPECT_TRUE(Drop(application.Albums(), folder.Path("A")));
+    EXPECT_TRUE(Drop(application.Albums(), folder.Path("None")));
+    EXPECT_FALSE(Drop(application.Albums(), folder.Path("A/a.jpg")));
+    Click(application.Albums(), "Open Album");
+    EXPECT_FALSE(Drop(application.Album(0), folder.Path("A")));
 }
 
 TEST(Albums, ToolbarFollowsSelectionAndOpenWindows) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Color.h"
+#include "FolderItem.h"
 #include "MenuBar.h"
 #include "RectControl.h"
 #include "Units.h"
@@ -122,6 +123,10 @@ class Window : public Object {
     virtual void Event_Resized() {}
     /// The user is dragging the window's size.
     virtual void Event_Resizing() {}
+    /// May folders be dropped on the window now? What is no folder never may.
+    virtual bool AcceptsFolders() const { return false; }
+    /// A folder has been dropped on the window.
+    virtual void Event_DropFolder(const Ref<FolderItem>& /*folder*/) {}
     /// A key was pressed that no control took; True if it has been used.
     virtual bool Event_KeyDown(const std::string& /*key*/) { return false; }
     /// The menus are about to be shown or a shortcut is about to be tried.

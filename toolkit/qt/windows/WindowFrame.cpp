@@ -63,6 +63,7 @@ WindowFrame::WindowFrame(Window& window, const WindowLayout& layout)
     : QMainWindow(nullptr, FlagsOf(layout)), window_(&window), layout_(layout), content_(new QWidget),
       height_(layout.height) {
     setContextMenuPolicy(Qt::NoContextMenu);
+    setAcceptDrops(true);
     SetTitle(std::string(layout.title));
     if (layout.hasBackColor) {
         content_->setPalette(PaletteOn(layout.backColor));

@@ -49,6 +49,9 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     bool focusNextPrevChild(bool next) override;
@@ -74,6 +77,8 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     void NoteBorder();
     void WatchScreen(QScreen* screen);
     bool PressDialogButton(int key);
+    /// Accepts a drag of folders, and of nothing else. \returns whether it has.
+    bool AcceptFolders(QDropEvent& event) const;
 
     Window* window_;
     /// What WaitUntilTakenDown waits in.
