@@ -1,6 +1,7 @@
 #include "NativeApplication.h"
 
 #include "Accessibility.h"
+#include "ClosedWidgets.h"
 #include "EventGate.h"
 #include "FolderItem.h"
 #include "HelpTags.h"
@@ -99,6 +100,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
     QGuiApplication::setWindowIcon(icon);
     application->installEventFilter(new ShortcutWatch(application));
     application->installEventFilter(new HelpTags(application));
+    application->installEventFilter(new DeletionWatch(application));
     InstallAccessibility();
     MakeDimmedTextReadable();
     SetLaunchWatcher(WatchOpening);

@@ -170,22 +170,26 @@ TEST(Window, AClosedWidgetOutlivesTheEventsThatMayHoldIt) {
     const Ref<Probe> probe = New<Probe>();
     probe->Show();
     const QPointer<WindowFrame> frame = &FrameOf(probe);
+    const QPointer<QWidget> menu(new QWidget); // of a text field, say, which the window system deletes itself
     bool outlived = false;
     QEventLoop loop;
     QTimer::singleShot(0, [&] {
         frame->close();
         // The next event, which may hold the window as the one that was active before, yields.
         EnterApplication([&] {
-            QCoreApplication::processEvents();
+            QTimer::singleShot(0, menu, &QObject::deleteLater);
+            for (int yields = 0; yields < 3; ++yields) {
+                QCoreApplication::processEvents();
+            }
             DeleteClosedWidgets();
-            outlived = !frame.isNull();
+            outlived = !frame.isNull() && !menu.isNull();
         });
         loop.quit();
     });
     loop.exec();
     EXPECT_TRUE(outlived);
     EXPECT_EQ(probe->ControlCount(), 0);
-    WaitFor([&] { return frame.isNull(); }, "the widget has gone");
+    WaitFor([&] { return frame.isNull() && menu.isNull(); }, "the widgets have gone");
 }
 
 } // namespace

@@ -32,6 +32,11 @@ QTimer& Attempts() {
     return *timer;
 }
 
+/// The outermost loop is the first; what isn't ours (a drag, a menu of a text field) has loops of its own.
+bool IsIdle() {
+    return !IsHandlingEvent() && QThread::currentThread()->loopLevel() <= 1;
+}
+
 } // namespace
 
 void DeleteWhenIdle(QWidget* closed) {
@@ -40,8 +45,7 @@ void DeleteWhenIdle(QWidget* closed) {
 }
 
 void DeleteClosedWidgets() {
-    // The outermost loop is the first; what isn't ours (a drag, a menu of a text field) has loops of its own.
-    if (IsHandlingEvent() || QThread::currentThread()->loopLevel() > 1) {
+    if (!IsIdle()) {
         return;
     }
     for (const QPointer<QWidget>& widget : std::exchange(ClosedWidgets(), {})) {
@@ -50,6 +54,14 @@ void DeleteClosedWidgets() {
     if (ClosedWidgets().empty()) {
         Attempts().stop();
     }
+}
+
+bool DeletionWatch::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::DeferredDelete || !watched->isWidgetType() || IsIdle()) {
+        return false;
+    }
+    DeleteWhenIdle(static_cast<QWidget*>(watched));
+    return true;
 }
 
 } // namespace folimark

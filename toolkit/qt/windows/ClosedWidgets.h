@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+
 class QWidget;
 
 namespace folimark {
@@ -13,5 +15,14 @@ void DeleteWhenIdle(QWidget* closed);
 
 /// Deletes what can go now. A timer calls it; tests needn't wait for that.
 void DeleteClosedWidgets();
+
+/// Lets the window system's own deferred deletions of widgets wait in the same way: menus of rows and of text
+/// fields have them, and a menu that is open counts as active. To be installed on the application.
+class DeletionWatch : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
 
 } // namespace folimark
