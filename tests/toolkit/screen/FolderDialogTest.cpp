@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
@@ -53,6 +54,23 @@ TEST(FolderDialog, ChangesNothingAndOpensBesideTheLastFolder) {
         EXPECT_TRUE(entry.is_directory() || entry.path().filename() == "Folimark.Preferences")
             << entry.path();
     }
+}
+
+TEST(FolderDialog, ChoosesWhatItsLineSays) {
+    const TestFolder folder{"Trips/a.jpg"};
+    const RunningApplication application;
+    Answers::Look = [](QWidget& dialog) {
+        if (const auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+            // Whoever types a path may leave a folder selected that it goes through.
+            QObject::connect(dialog.findChild<QLineEdit*>(), &QLineEdit::textChanged, list, [list] {
+                list->selectionModel()->select(list->rootIndex(), QItemSelectionModel::ClearAndSelect
+                                                                      | QItemSelectionModel::Rows);
+            });
+        }
+    };
+    application.AddAlbum(folder.Path("Trips"));
+    Answers::Look = nullptr;
+    EXPECT_EQ(application.Labels(), "Trips");
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QSettings>
 #include <QSplitter>
 #include <QStandardPaths>
@@ -89,6 +90,18 @@ class FolderDialog : public QFileDialog {
         ForbidChanges();
         ShowWholeNames();
         QFileDialog::showEvent(event);
+    }
+
+    /// What the line at the bottom says is what is chosen. While a path is typed the list selects what the
+    /// path goes through; that may still be selected, and would be chosen instead.
+    void accept() override {
+        const auto* line = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* list = findChild<QTreeView*>(QStringLiteral("treeView"));
+        if (line != nullptr && list != nullptr && !line->text().isEmpty()
+            && selectedFiles() != QStringList{QDir::cleanPath(directory().absoluteFilePath(line->text()))}) {
+            list->clearSelection();
+        }
+        QFileDialog::accept();
     }
 
   private:
