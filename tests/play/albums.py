@@ -88,7 +88,7 @@ class Albums:
             shutil.rmtree(away, ignore_errors=True)
             os.rename(folder, away)
         elif how == "adds to":
-            make_tree(os.path.join(folder, f"in {number}"), 3, 9)
+            make_tree(os.path.join(folder, f"in {number} {len(os.listdir(folder))}"), 3, 9)
         else:
             for file in [name for name in os.listdir(folder) if "." in name]:
                 os.remove(os.path.join(folder, file))

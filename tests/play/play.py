@@ -2,14 +2,17 @@
 
 import os
 import random
+import resource
 import signal
 import subprocess
 import time
+from contextlib import suppress
+from functools import partial
 
 from Xlib import error
 
 from albums import CHANGING, NEW, Albums, Fault
-from stage import wait_for
+from stage import Stage, wait_for
 
 LIMIT = 120  # seconds; far more than anything takes that doesn't hang, even on a busy machine
 RUNS, STEPS = 2, 60
@@ -23,21 +26,16 @@ KEYS = ["Down"] * 6 + ["Up"] * 3 + (
 def children(pid):
     """The names of the processes that pid has and hasn't waited for, by their numbers."""
     found = {}
-    try:
-        with open(f"/proc/{pid}/task/{pid}/children") as numbers:
-            for number in numbers.read().split():
-                with open(f"/proc/{number}/comm") as name:
-                    found[int(number)] = name.read().strip()
-    except OSError:
-        pass  # One of them has just gone.
+    with suppress(OSError), open(f"/proc/{pid}/task/{pid}/children") as numbers:  # One of them may just be going.
+        for number in numbers.read().split():
+            with open(f"/proc/{number}/comm") as name:
+                found[int(number)] = name.read().strip()
     return found
 
 
 def send(pid, name):
-    try:
+    with suppress(ProcessLookupError):
         os.kill(pid, signal.Signals["SIG" + name])
-    except ProcessLookupError:
-        pass
 
 
 def one_of(rng, views):
@@ -47,17 +45,18 @@ def one_of(rng, views):
 class Play:
     """What a step chooses depends on the seed and its number alone, and on the windows that there are."""
 
-    def __init__(self, stage, executable, seed, folder, shared):
-        self.stage, self.executable, self.seed, self.actions = stage, executable, seed, 0
+    def __init__(self, executable, seed, folder, shared):
+        self.executable, self.seed, self.folder, self.actions = executable, seed, folder, 0
+        self.told, self.started = [], time.monotonic()  # what has been done, each with its second
         self.albums = Albums(folder, shared, random.Random(seed))
         self.errors = os.path.join(folder, "errors")
         self.steps = {
             self.hurry: 6, self.press_keys: 8, self.use_toolbar: 5, self.click_somewhere: 6, self.pick: 6, self.use_menu: 3,
-            self.highlight: 3, self.create: 2, self.trash: 2, self.answer: 4, self.close_album: 4, self.arrange: 4,
-            self.hinder_pictures: 4, self.stop_application: 2, self.start_again: 1, self.change_folder: 3, self.edit_list: 1}
+            self.use_row_menu: 4, self.highlight: 3, self.create: 3, self.trash: 2, self.answer: 4, self.close_album: 4, self.arrange: 3,
+            self.hinder_pictures: 4, self.stop_application: 2, self.limit_writing: 1, self.start_again: 1, self.change_folder: 3, self.edit_list: 1}
         os.symlink("/bin/true", os.path.join(folder, "xdg-open"))
         self.environment = {
-            "DISPLAY": stage.name, "HOME": folder, "XDG_CONFIG_HOME": os.path.dirname(self.albums.list), "XDG_CACHE_HOME": folder,
+            "HOME": folder, "XDG_CONFIG_HOME": os.path.dirname(self.albums.list), "XDG_CACHE_HOME": folder,
             "XDG_RUNTIME_DIR": folder, "QT_QPA_PLATFORM": "xcb", "PATH": folder + ":/usr/bin:/bin", "LC_ALL": "C.UTF-8",
             "ASAN_OPTIONS": "detect_leaks=0:quarantine_size_mb=32", "UBSAN_OPTIONS": "print_stacktrace=1"}
 
@@ -70,12 +69,17 @@ class Play:
             self._end(random.Random(f"{self.seed} {run} end"))
             self.albums.edit(random.Random(f"{self.seed} {run} edit"), between_runs=True)
 
+    def _tell(self, what):
+        self.told.append(f"{time.monotonic() - self.started:7.2f}  {what}")
+
     def _launch(self):
-        self.stage.tell("starts the application")
+        self._tell("starts the application")
         with open(self.errors, "a") as out:
-            return subprocess.Popen(self.executable, env=self.environment, stdin=subprocess.DEVNULL, stdout=out, stderr=out)
+            return subprocess.Popen(self.executable, stdin=subprocess.DEVNULL, stdout=out, stderr=out,
+                                    env=dict(self.environment, DISPLAY=self.stage.name))
 
     def _start(self):
+        self.stage = Stage(self.folder, self._tell)
         self.application, self.others, self.later, self.trashed, self.may_end = self._launch(), [], [], 0, False
         self._hold(lambda: self._main() or self.application.poll() is not None, lambda: "The application doesn't start.")
         self.head = self._main().height - 257 if self._main() else 0  # the menus and the toolbar above the list
@@ -85,13 +89,11 @@ class Play:
         self.actions += 1
         for task in [task for task in self.later if task[0] <= self.actions]:
             self.later.remove(task)
-            send(*task[1:])
+            task[1]()
         step, = rng.choices(list(self.steps), self.steps.values())
         pause = rng.choice([0, 0, 0, 0.02, 0.05, 0.1, 0.4])
-        try:
+        with suppress(error.XError):  # The window may go from under the hand.
             step(rng)
-        except error.XError:
-            pass  # The window has gone from under the hand.
         time.sleep(pause)
         self.albums.check(self.trashed)
         status = self.application.poll()
@@ -115,14 +117,15 @@ class Play:
         self.stage.press(rng.choice(KEYS), times=rng.choice([1, 1, 1, 2, 5, 20]))
 
     def _click(self, view, x, y, button=1, times=1):
-        if view.title == "Folimark" and y < self.head:
+        if view.title == "Folimark" and (y < self.head or button == 3):
             self.trashed += times
         self.stage.click(view, x, y, button, times)
 
     def click_somewhere(self, rng):
-        x, y, button, times = rng.random(), rng.random(), rng.choice([1, 1, 1, 1, 2, 3, 4, 5]), rng.choice([1, 1, 2, 3])
+        x, y, button, times = rng.random(), rng.random(), rng.choice([1, 1, 1, 1, 2, 3, 4, 5]), rng.choice([0, 1, 1, 2, 3])
         if view := one_of(rng, self._views()):
             self._click(view, int(x * view.width), int(y * view.height), button, times)
+            time.sleep(0 if times else 0.8)  # A pointer that rests is offered help.
 
     def use_toolbar(self, rng, x=None):
         x, pause = x or rng.randrange(20, 500), rng.choice([0, 0.1, 0.4])
@@ -166,6 +169,12 @@ class Play:
         self.may_end = True
         self.stage.press("Alt+" + rng.choice("feh"), *["Down"] * rng.randrange(9), rng.choice(["Return", "Return", "Escape"]))
 
+    def use_row_menu(self, rng):
+        x, y, downs, end = rng.randrange(30, 500), rng.random(), rng.randrange(7), rng.choice(["Return", "Return", "Escape"])
+        if view := one_of(rng, self._views()):
+            self._click(view, x, int(self.head + y * (view.height - self.head)), button=3)
+            self.stage.press(*["Down"] * downs, end)
+
     def highlight(self, rng):
         phrase, pause = rng.choice("0pgeN. "), rng.choice([0, 0.1, 0.3])
         self.stage.press("Control+l")
@@ -193,25 +202,36 @@ class Play:
             self.others.append(self._launch())
 
     def change_folder(self, rng):
-        self.stage.tell(self.albums.change(rng))
+        self._tell(self.albums.change(rng))
 
     def edit_list(self, rng):
-        self.stage.tell("edits the list")
+        self._tell("edits the list")
         self.albums.edit(rng, between_runs=False)
 
     def _send_to_pictures(self, name, steps):
         for pid in [pid for pid, command in children(self.application.pid).items() if command.startswith("folimark-pict")]:
-            self.stage.tell(f"sends {name} to the picture process")
+            self._tell(f"sends {name} to the picture process")
             send(pid, name)
-            self.later.append((self.actions + steps, pid, "CONT"))
+            self.later.append((self.actions + steps, partial(send, pid, "CONT")))
 
     def hinder_pictures(self, rng):
         self._send_to_pictures(rng.choice(["STOP", "STOP", "KILL"]), rng.randrange(1, 12))
 
     def stop_application(self, rng):
-        self.stage.tell("stops the application for a moment")
+        self._tell("stops the application for a moment")
         send(self.application.pid, "STOP")
-        self.later.append((self.actions + rng.randrange(1, 5), self.application.pid, "CONT"))
+        self.later.append((self.actions + rng.randrange(1, 5), partial(send, self.application.pid, "CONT")))
+
+    def limit_writing(self, rng):
+        """For a while the application can write no more than some bytes to a file."""
+        self._tell("limits the application's writing")
+        self._limit_writing(50)
+        self.later.append((self.actions + rng.randrange(1, 5), partial(self._limit_writing, resource.RLIM_INFINITY)))
+        rng.choice([self.trash, self.pick, self.create])(rng)
+
+    def _limit_writing(self, most):
+        with suppress(ProcessLookupError):
+            resource.prlimit(self.application.pid, resource.RLIMIT_FSIZE, (most, resource.RLIM_INFINITY))
 
     # The end, and what has to hold then.
 
@@ -221,22 +241,29 @@ class Play:
             raise Fault(otherwise())
 
     def _end(self, rng):
-        albums_first, key = rng.random() < 0.6, rng.random() < 0.3 and "Control+q"
-        for task in self.later:
-            send(*task[1:])
-        if albums_first and self.application.poll() is None:
-            self._hold(lambda: self._close_albums() or self.application.poll() is not None, lambda: "An album doesn't close.")
-            self._hold(lambda: all(now <= first + more for now, first, more in zip(self._held(), self.first, MORE)),
-                       lambda: f"Descriptors and KiB were {self.first} at the start, and now are {self._held()}.")
+        albums_first, how = rng.random() < 0.6, rng.choices(["close", "Control+q", "kill", "server"], [5, 3, 1, 1])[0]
+        for _, task in self.later:
+            task()
+        if albums_first:
+            self._hold(lambda: self.application.poll() is not None or self._close_albums() and self._is_bounded(),
+                       lambda: f"An album stays open, or of descriptors and KiB {self.first} have become {self._held()}.")
+        self._tell(f"ends all by “{how}”")
+        # A second start that has had no answer says so, and ends with 1. So does whatever loses the X server.
+        expected = {"kill": [0, -signal.SIGKILL], "server": [0, 1]}.get(how, [0])
+        if how == "kill":
+            send(self.application.pid, "KILL")
+        elif how == "server":
+            self.stage.end()
         for process in (self.application, *self.others):
-            self._hold(lambda: self._close(process, key), lambda: "The application doesn't end when its window is closed.")
-            # A second start that has had no answer says so, and ends with 1.
-            if process.returncode not in ([0] if process == self.application else [0, 1]):
+            self._hold(lambda: self._close(process, how), lambda: "The application doesn't end when its window is closed.")
+            if process.returncode not in (expected if process == self.application else [0, 1]):
                 raise Fault(f"The application has ended with {process.returncode}.")
+        self.stage.end()
         self.albums.check(self.trashed)
         self.albums.check_files()
-        if left := [name for name in os.listdir(os.path.dirname(self.albums.list)) if name.startswith(".folimark")]:
-            raise Fault(f"There is left beside the list: {left}")
+        beside = [name for name in os.listdir(os.path.dirname(self.albums.list)) if name.startswith(".folimark")]
+        if beside and how != "kill":
+            raise Fault(f"There is left beside the list: {beside}")
         self._hold(lambda: not self._left_behind(), lambda: f"Processes are left behind: {children(os.getpid())}")
         with open(self.errors, errors="replace") as errors:
             if any("AddressSanitizer" in line or "runtime error:" in line for line in errors):
@@ -244,14 +271,12 @@ class Play:
 
     def _close_all(self, views):
         for view in reversed(views):
-            try:
+            with suppress(error.XError):  # It may just be going.
                 if view.dialog:
                     self.stage.manage(view)
                     self.stage.press("Escape")
                 else:
                     self.stage.close(view)
-            except error.XError:
-                pass  # It has just gone.
 
     def _close_albums(self):
         """Closes whatever there is but the Albums window, and is true when nothing is there."""
@@ -260,11 +285,11 @@ class Play:
         time.sleep(0.2 if views else 0)
         return not views
 
-    def _close(self, process, key):
-        if process.poll() is None and self._close_albums() and (view := self._main()):
+    def _close(self, process, how):
+        if process.poll() is None and how != "server" and self._close_albums() and (view := self._main()):
             self.stage.manage(view)
-            if key:
-                self.stage.press(key)
+            if how == "Control+q":
+                self.stage.press(how)
             else:
                 self.stage.close(view)
             wait_for(lambda: process.poll() is not None, 1)
@@ -279,6 +304,9 @@ class Play:
         except OSError:  # It has ended.
             return 0, 0
 
+    def _is_bounded(self):
+        return all(now <= first + more for now, first, more in zip(self._held(), self.first, MORE))
+
     def _left_behind(self):
         """Children of those that have ended are ours now; what has ended of them is waited for."""
         mine = [process.pid for process in (self.stage.server, self.stage.manager, self.application, *self.others)]
@@ -291,6 +319,7 @@ class Play:
             for pid in (*children(process.pid), process.pid):
                 send(pid, "KILL")
             process.wait()
+        self.stage.end()
         for pid in self._left_behind():
             send(pid, "KILL")
         wait_for(lambda: not self._left_behind(), LIMIT)

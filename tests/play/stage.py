@@ -27,10 +27,10 @@ def wait_for(fact, limit):
 
 
 class Stage:
-    """Whatever the hands do is told: each line of `told` begins with its second."""
+    """Whatever the hands do is told, by `tell`."""
 
-    def __init__(self, folder):
-        self.told, self.started = [], time.monotonic()
+    def __init__(self, folder, tell):
+        self.tell = tell
         ready, write = os.pipe()
         screen = ["Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24", "-nolisten", "tcp"]
         self.server = subprocess.Popen(screen, pass_fds=[write], stderr=subprocess.DEVNULL)
@@ -50,9 +50,6 @@ class Stage:
         for process in (self.manager, self.server):
             process.kill()
             process.wait()
-
-    def tell(self, what):
-        self.told.append(f"{time.monotonic() - self.started:7.2f}  {what}")
 
     def _property(self, window, name):
         found = window.get_full_property(self.display.intern_atom(name), X.AnyPropertyType)
@@ -90,6 +87,7 @@ class Stage:
         self._send(view.window, view, "WM_PROTOCOLS", self.display.intern_atom("WM_DELETE_WINDOW"), 0)
 
     def click(self, view, x, y, button=1, times=1):
+        """Presses and releases a button; 0 times only moves the pointer there."""
         self.tell(f"clicks {times} × {button} at {x}, {y} of “{view.title}”")
         xtest.fake_input(self.display, X.MotionNotify, x=view.left + x, y=view.top + y)
         for kind in (X.ButtonPress, X.ButtonRelease) * times:
