@@ -15,9 +15,9 @@
 namespace folimark {
 namespace {
 
-/// The widest that a text gets before it wraps, and the most that a name takes of it, in logical pixels.
-constexpr int kMostTextWidth = 640;
-constexpr int kMostNameWidth = 480;
+/// The widest that a text gets before it wraps, and the most that a name takes of it, in characters.
+constexpr int kMostTextWidth = 90;
+constexpr int kMostNameWidth = 66;
 /// More lines than this scroll.
 constexpr int kMostLines = 12;
 constexpr QSize kScrolledSize(560, 280);
@@ -27,7 +27,8 @@ QString WithShortNames(QString text, const QFontMetrics& metrics) {
     static const QRegularExpression kName(QStringLiteral("“([^”]*)”"));
     for (QRegularExpressionMatch match = kName.match(text); match.hasMatch();
          match = kName.match(text, match.capturedEnd())) {
-        const QString name = metrics.elidedText(match.captured(1), Qt::ElideMiddle, kMostNameWidth);
+        const QString name = metrics.elidedText(match.captured(1), Qt::ElideMiddle,
+                                                kMostNameWidth * metrics.averageCharWidth());
         if (name.size() < match.capturedLength(1)) {
             text.replace(match.capturedStart(1), match.capturedLength(1), name);
             match = kName.match(text, match.capturedStart());
@@ -68,12 +69,11 @@ void MessageBox::FitWidth() {
     // Left to itself the box wraps its texts as soon as it can.
     const auto* icon = findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"));
     const int beside = icon == nullptr ? 0 : 2 * icon->sizeHint().width();
-    auto* grid = qobject_cast<QGridLayout*>(layout());
-    if (grid != nullptr) {
-        grid->addItem(
-            new QSpacerItem(std::min({width, kMostTextWidth, screen()->availableSize().width() / 2}) + beside,
-                            0),
-            grid->rowCount(), 0, 1, grid->columnCount());
+    const int most =
+        std::min(kMostTextWidth * fontMetrics().averageCharWidth(), screen()->availableSize().width() / 2);
+    if (auto* grid = qobject_cast<QGridLayout*>(layout())) {
+        grid->addItem(new QSpacerItem(std::min(width, most) + beside, 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
     }
 }
 

@@ -1,6 +1,7 @@
 #include "AccessibleCell.h"
 
 #include "Listbox.h"
+#include "PlatformText.h"
 #include "ToolkitKey.h"
 
 #include <QTimer>
@@ -20,8 +21,17 @@ QAccessibleInterface* AccessibleCell::parent() const {
 }
 
 QString AccessibleCell::text(QAccessible::Text kind) const {
-    return kind == QAccessible::Name && isValid() ? view_->model()->index(row_, column_).data().toString()
-                                                  : QString();
+    if (!isValid()) {
+        return {};
+    }
+    switch (kind) {
+    case QAccessible::Name:
+        return view_->model()->index(row_, column_).data().toString();
+    case QAccessible::Description:
+        return AsDisplayed(view_->List().NoteOf(kToolkit, row_, column_));
+    default:
+        return {};
+    }
 }
 
 QRect AccessibleCell::rect() const {

@@ -1,9 +1,11 @@
 #include "FrontFrame.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QPointer>
 #include <QScreen>
 #include <QTimer>
+#include <QWidget>
 
 #include <algorithm>
 
