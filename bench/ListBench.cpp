@@ -1,10 +1,14 @@
-// What a list of a million rows costs: sorting it, searching it for a phrase, and finding a typed beginning.
+// What a list of a million rows costs: folimark-bench-list WHAT FOLDER ROUNDS
 
 #include "ListRows.h"
+#include "Measure.h"
+#include "Phrase.h"
 #include "Text.h"
 
-#include <benchmark/benchmark.h>
-#include <string>
+#include <cstdlib>
+#include <fstream>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -12,52 +16,103 @@ using namespace folimark;
 
 constexpr std::int64_t kRows = 1'000'000;
 
-const ListRows& Million() {
-    static ListRows rows = [] {
-        ListRows made;
-        for (std::int64_t i = 0; i < kRows; ++i) {
-            const std::int64_t shuffled = i * 7919 % kRows;
-            made.AddRow({"Year " + std::to_string(shuffled / 10000) + " → Ferien in der Süd-Bretagne → Bild "
-                             + std::to_string(shuffled) + ".jpg",
-                         "2026-11-" + std::to_string(10 + shuffled % 20), "", "MB  003.7", "Image"});
-        }
-        return made;
-    }();
+std::string folder;
+int rounds = 0;
+
+std::vector<std::string> Names() {
+    std::vector<std::string> names;
+    for (std::int64_t i = 0; i < kRows; ++i) {
+        const std::int64_t shuffled = i * 7919 % kRows;
+        names.push_back("Year " + std::to_string(shuffled / 10000) + " → Ferien in der Süd-Bretagne → Bild "
+                        + std::to_string(shuffled) + ".jpg");
+    }
+    return names;
+}
+
+ListRows Rows() {
+    ListRows rows;
+    for (const std::string& name : Names()) {
+        rows.AddRow({name, "2026-11-10", "", "MB  003.7", "Image"});
+    }
     return rows;
 }
 
-void Sort(benchmark::State& state) {
-    ListRows rows;
-    for (std::int64_t i = 0; i < kRows; ++i) {
-        rows.AddRow({std::string(Million().Cell(i, 0)), std::string(Million().Cell(i, 1))});
-    }
+void Sort() {
+    const auto byBytes = [] {
+        std::vector<std::string> names = Names();
+        return SecondsOf([&] { std::sort(names.begin(), names.end()); });
+    };
+    Print("sort 1,000,000 shuffled names, against std::sort by bytes",
+          Least(
+              rounds,
+              [] {
+                  ListRows rows = Rows();
+                  return SecondsOf([&] { rows.Sort(0, true); });
+              },
+              byBytes),
+          1.2);
+    ListRows rows = Rows();
+    const double sort = SecondsOf([&] { rows.Sort(0, true); });
     bool ascending = true;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(rows.Sort(state.range(0), ascending));
-        ascending = !ascending;
-    }
+    Print("reverse 1,000,000 sorted names, against the sort",
+          Least(
+              rounds,
+              [&] {
+                  ascending = !ascending;
+                  return SecondsOf([&] { rows.Sort(0, ascending); });
+              },
+              [&] { return sort; }),
+          0.1);
 }
-BENCHMARK(Sort)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
-void Search(benchmark::State& state) {
-    const std::string phrase = state.range(0) == 0 ? "bild 99" : "BRETAGNÉ";
-    for (auto _ : state) {
-        std::int64_t found = 0;
-        for (std::int64_t i = 0; i < kRows; ++i) {
-            found += InStr(Million().Cell(i, 0), phrase) > 0 ? 1 : 0;
-        }
-        benchmark::DoNotOptimize(found);
+/// Highlights as a window does, but for its yields; against a whole command on a file of the same names.
+void Search(const std::string& command, const std::string& phrase) {
+    const std::string file = folder + "/names.txt";
+    std::ofstream names(file);
+    for (const std::string& name : Names()) {
+        names << name << '\n';
     }
+    names.close();
+    const ListRows rows = Rows();
+    const auto ours = [&] {
+        return SecondsOf([&] {
+            Phrase wanted(phrase);
+            std::int64_t found = 0;
+            for (std::int64_t i = 0; i < kRows; ++i) {
+                found += wanted.IsIn(rows.Cell(i, 0)) ? 1 : 0;
+            }
+            if (found == 0) {
+                std::exit(1);
+            }
+        });
+    };
+    const std::string whole = command + " -ic '" + phrase + "' '" + file + "' > /dev/null";
+    Print("search 1,000,000 names for “" + phrase + "”, against " + command,
+          Least(rounds, ours,
+                [&] {
+                    return SecondsOf([&] {
+                        if (std::system(whole.c_str()) != 0) {
+                            std::exit(1);
+                        }
+                    });
+                }),
+          1.0);
 }
-BENCHMARK(Search)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
-
-void FindPrefix(benchmark::State& state) {
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(Million().FindPrefix("no such entry", 0));
-    }
-}
-BENCHMARK(FindPrefix)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int count, char** arguments) {
+    if (count != 4) {
+        return 2;
+    }
+    const std::string_view what = arguments[1];
+    folder = arguments[2];
+    rounds = std::atoi(arguments[3]);
+    if (what == "sort") {
+        Sort();
+    } else {
+        for (const char* phrase : {"bild 99", "SÜD", "e"}) {
+            Search(std::string(what), phrase);
+        }
+    }
+}

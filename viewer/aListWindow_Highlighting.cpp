@@ -2,6 +2,7 @@
 #include "GlobalData.h"
 #include "Keyboard.h"
 #include "Look.h"
+#include "Phrase.h"
 #include "Text.h"
 #include "aHilightWindow.h"
 #include "aListWindow.h"
@@ -55,11 +56,13 @@ void aListWindow::HighlightPushButton_Action(PushButton& /*button*/) {
 void aListWindow::SearchRows(const Search& search) {
     const auto pass = BeginPass(*this);
     const Ref<Listbox> list = TheListBox();
+    Phrase phrase1(search.phrase1);
+    Phrase phrase2(search.phrase2);
     NumberHighlighted = 0;
     for (std::int64_t i = 0; i <= Highlighted.Ubound(); ++i) {
         const std::string_view name = list->Rows().Cell(i, 0);
-        const bool found1 = InStr(name, search.phrase1) > 0;
-        const bool found2 = search.join != GlobalData::kFirstAlone && InStr(name, search.phrase2) > 0;
+        const bool found1 = phrase1.IsIn(name);
+        const bool found2 = search.join != GlobalData::kFirstAlone && phrase2.IsIn(name);
         Highlighted.Set(i, Matches(found1, found2, search.join));
         if (Highlighted(i)) {
             ++NumberHighlighted;

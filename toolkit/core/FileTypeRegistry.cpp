@@ -17,12 +17,12 @@ const std::string* ExtensionTable::Find(std::string_view fileName) const {
     if (dot == std::string_view::npos || dot == 0) {
         return nullptr;
     }
-    const auto found = types_.find(FoldCase(fileName.substr(dot)));
+    const auto found = types_.find(FoldForSearch(fileName.substr(dot)));
     return found == types_.end() ? nullptr : &found->second;
 }
 
 void ExtensionTable::Add(std::string_view extension, std::string_view typeName) {
-    types_.try_emplace(FoldCase(extension), typeName);
+    types_.try_emplace(FoldForSearch(extension), typeName);
 }
 
 void RegisterFileType(std::string_view name, std::string_view /*creator*/, std::string_view /*typeCode*/,

@@ -148,7 +148,7 @@ std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
 }
 
 std::int64_t ListRows::FindPrefix(std::string_view text, std::int64_t startRow) const {
-    const std::string folded = FoldCase(text);
+    const std::string folded = FoldForSearch(text);
     const std::int64_t count = LastIndex() + 1;
     const std::int64_t start = startRow < 0 || startRow >= count ? 0 : startRow;
     const std::size_t part = PartOfColumn(0);

@@ -45,9 +45,9 @@ class ListRows {
     /// The result tells each row's new place: what stood in row i stands in row result[i].
     std::vector<std::int64_t> Sort(std::int64_t column, bool ascending);
 
-    /// The first row, from `startRow` on and then from the top, whose first column starts with the text,
-    /// letter case ignored; -1 if there is none, or the text is empty. A `startRow` outside the list means
-    /// the top.
+    /// The first row, from `startRow` on and then from the top, whose first column starts with the text as
+    /// a search sees it (FoldForSearch); -1 if there is none, or the text is empty. A `startRow` outside the
+    /// list means the top.
     std::int64_t FindPrefix(std::string_view text, std::int64_t startRow) const;
 
   private:

@@ -26,14 +26,14 @@ std::size_t ByteOfPosition(std::string_view text, std::int64_t position) {
     return byte;
 }
 
-/// The byte of `text` whose folded form holds the byte `foldedByte` of the folded text: folding may change a
-/// character's length.
+/// The byte of `text` at which the character starts whose folded form holds the byte `foldedByte` of the
+/// folded text: folding may change a character's length, and join it with those behind it.
 std::size_t ByteBeforeFolding(std::string_view text, std::size_t foldedByte) {
     std::size_t byte = 0;
     std::size_t folded = 0;
     while (byte < text.size()) {
-        const std::size_t next = NextCharacter(text, byte);
-        folded += FoldCase(text.substr(byte, next - byte)).size();
+        const std::size_t next = NextFoldedUnit(text, byte);
+        folded += FoldForSearch(text.substr(byte, next - byte)).size();
         if (folded > foldedByte) {
             break;
         }
@@ -55,7 +55,7 @@ std::int64_t Len(std::string_view text) {
 std::int64_t InStr(std::string_view text, std::string_view wanted, std::int64_t start) {
     const std::size_t skipped = ByteOfPosition(text, start);
     const std::string_view searched = text.substr(skipped);
-    const std::string::size_type found = FoldCase(searched).find(FoldCase(wanted));
+    const std::string::size_type found = FoldForSearch(searched).find(FoldForSearch(wanted));
     if (wanted.empty() || found == std::string::npos) {
         return 0;
     }

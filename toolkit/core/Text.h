@@ -16,7 +16,8 @@ namespace folimark {
 inline constexpr char EndOfLine[] = "\n";
 
 /// The position of the first occurrence of `wanted` at or behind position `start` (0 means 1), letter case
-/// ignored by FoldCase, so that "SS" is found in "Maß"; 0 if there is none, or if `wanted` is empty.
+/// and spelling ignored by FoldForSearch, so that "SS" is found in "Maß"; 0 if there is none, or if `wanted`
+/// is empty.
 std::int64_t InStr(std::string_view text, std::string_view wanted, std::int64_t start = 0);
 
 /// The number of fields between the separators. Even an empty text has one field. The separator's letter case
@@ -53,15 +54,29 @@ double Floor(double value);
 /// The elements in order with the separator between them.
 std::string Join(const std::vector<std::string>& elements, std::string_view separator);
 
-/// The text with every difference of letter case taken out (Unicode's full case folding, no normalisation).
-/// Bytes that are no UTF-8 stay as they are.
-std::string FoldCase(std::string_view text);
+/// An ASCII letter's small form; any other byte as it is.
+constexpr char LowerAscii(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+/// What is left of a text for a search: without letter case, and without differences of spelling that can't
+/// be seen, such as accents that are characters of their own, ligatures, and characters without a look. That
+/// is Unicode's NFKC_Casefold, and beyond it an "i" is an "i" with or without its dot, so that "istanbul"
+/// finds "İSTANBUL". Bytes that are no UTF-8 stay as they are.
+std::string FoldForSearch(std::string_view text);
+
+/// True only if FoldForSearch does no more to the text than LowerAscii does to each byte.
+bool FoldsByAscii(std::string_view text);
+
+/// The byte behind the characters from `byte` on that FoldForSearch may join into one.
+std::size_t NextFoldedUnit(std::string_view text, std::size_t byte);
 
 /// The equality of texts everywhere in the application: letter case is ignored, character by character
-/// (Unicode's simple case folding). "Maße" and "Masse", which FoldCase makes one, differ in more than case.
+/// (Unicode's simple case folding). "Maße" and "Masse", or two spellings of an accent, which are one to a
+/// search, differ in more than case, as the files do that have such names.
 bool EqualText(std::string_view left, std::string_view right);
 
-/// Does `text` start with `folded`, which FoldCase has made? Letter case is ignored.
+/// Does what FoldForSearch makes of `text` start with `folded`, which it has made?
 bool StartsWithFolded(std::string_view text, std::string_view folded);
 
 /// The order of texts as a person means it: letters first, accents second, case third, by the root collation

@@ -4,12 +4,26 @@
 #include "ListedItem.h"
 
 #include <chrono>
+#include <ctime>
 #include <utility>
 
 namespace folimark {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+/// Exact to a few milliseconds, for a fifth of what an exact one costs: loops look at it once for each file.
+struct Clock {
+    using duration = std::chrono::nanoseconds;
+    using rep = duration::rep;
+    using period = duration::period;
+    using time_point = std::chrono::time_point<Clock>;
+    static constexpr bool is_steady = true;
+
+    static time_point now() {
+        timespec now{};
+        clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+        return time_point(std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec));
+    }
+};
 
 /// Short enough for pointer and keys to feel served at once, long enough for the loops to get their work
 /// done.

@@ -1,0 +1,174 @@
+// What it costs to open an album: folimark-bench-album WHAT FOLDER FILES ROUNDS
+
+#include "Application.h"
+#include "GlobalData.h"
+#include "Measure.h"
+#include "Start.h"
+#include "Toolkit.h"
+#include "Tree.h"
+#include "Yield.h"
+#include "aListWindow.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <malloc.h>
+#include <string_view>
+#include <unistd.h>
+
+namespace {
+
+using namespace folimark;
+
+std::string tree;
+std::int64_t files = 0;
+int rounds = 0;
+
+/// An album's window, which goes with the object.
+struct Album {
+    Ref<aListWindow> window;
+
+    Album() {
+        GlobalData::CatalogFolder = FolderItem::FromNativePath(tree);
+        window = New<aListWindow>();
+    }
+    Album(const Album&) = delete;
+    Album& operator=(const Album&) = delete;
+    ~Album() { window->Close(); }
+
+    double Open() {
+        const double seconds = SecondsOf([this] { window->Show(); });
+        if (window->TheListBox()->LastIndex() + 1 != MediaIn(files)) {
+            std::fprintf(stderr, "not all files were found\n");
+            std::exit(1);
+        }
+        return seconds;
+    }
+};
+
+double OpenAlbum() {
+    Album album;
+    return album.Open();
+}
+
+void DropCaches() {
+    sync();
+    std::ofstream("/proc/sys/vm/drop_caches") << 3 << std::flush;
+}
+
+std::string Count() {
+    return std::to_string(files) + " files";
+}
+
+void Open() {
+    Print("open " + Count() + ", against a bare walk",
+          Least(rounds, OpenAlbum, [] { return SecondsOf([] { WalkBare(tree); }); }), 1.0);
+}
+
+void OpenAgainstBfs() {
+    const std::string command = "bfs '" + tree + "' -type f -printf '%p %s %t %Bs\\n' > /dev/null";
+    Print("open " + Count() + ", against bfs",
+          Least(rounds, OpenAlbum,
+                [&] {
+                    return SecondsOf([&] {
+                        if (std::system(command.c_str()) != 0) {
+                            std::exit(1);
+                        }
+                    });
+                }),
+          0.8);
+}
+
+void OpenCold() {
+    Print("open " + Count() + " cold, against a bare walk",
+          Least(
+              rounds,
+              [] {
+                  DropCaches();
+                  return OpenAlbum();
+              },
+              [] {
+                  DropCaches();
+                  return SecondsOf([] { WalkBare(tree); });
+              }),
+          0.6);
+}
+
+/// A value of /proc/self/status, in bytes.
+double Memory(std::string_view name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with(name)) {
+            return std::stod(line.substr(line.find(':') + 1)) * 1024;
+        }
+    }
+    return 0;
+}
+
+void MemoryOfRows() {
+    const double before = Memory("VmRSS");
+    Album album;
+    album.Open();
+    const double peak = Memory("VmHWM");
+    malloc_trim(0);
+    const auto rows = static_cast<double>(MediaIn(files));
+    Print("memory of " + Count() + ", resting", (Memory("VmRSS") - before) / rows, 0, "bytes a row", 200);
+    Print("memory of " + Count() + ", peak", (peak - before) / rows, 0, "bytes a row", 300);
+}
+
+/// The longest times between two turns of the event loop: the longest of all is that of the sort at the end.
+void Unserved() {
+    double sort = 1e9;
+    double scan = 1e9;
+    for (int i = 0; i < rounds; ++i) {
+        using Clock = std::chrono::steady_clock;
+        std::vector<double> gaps;
+        Clock::time_point last = Clock::now();
+        std::function<void()> serve;
+        const auto timed = [&] {
+            gaps.push_back(std::chrono::duration<double>(Clock::now() - last).count());
+            serve();
+            last = Clock::now();
+        };
+        serve = SetYieldHandler(timed);
+        {
+            Album album;
+            last = Clock::now();
+            album.Open();
+        }
+        SetYieldHandler(serve);
+        std::sort(gaps.rbegin(), gaps.rend());
+        sort = std::min(sort, gaps.at(0));
+        scan = std::min(scan, gaps.at(1));
+    }
+    Print("longest time unserved, scan of " + Count(), scan * 1000, 0, "ms", 30);
+    Print("longest time unserved, sort of " + Count(), sort * 1000, 0, "ms", 200);
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count != 5) {
+        return 2;
+    }
+    const std::string what = arguments[1];
+    files = std::atoll(arguments[3]);
+    rounds = std::atoi(arguments[4]);
+    tree = MakeTree(arguments[2], files);
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    StartToolkit(arguments, {});
+    _EarlyStartup();
+    GlobalData::SetupFileTypeStrings();
+    const std::pair<std::string_view, void (*)()> kinds[] = {{"open", Open},
+                                                             {"bfs", OpenAgainstBfs},
+                                                             {"cold", OpenCold},
+                                                             {"memory", MemoryOfRows},
+                                                             {"unserved", Unserved}};
+    for (const auto& [name, measure] : kinds) {
+        if (name == what) {
+            measure();
+            return 0;
+        }
+    }
+    return 2;
+}
