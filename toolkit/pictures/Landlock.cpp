@@ -19,7 +19,8 @@ struct Rules {
     std::uint64_t scopes;  // scoped
 };
 
-/// Something that is taken away, from the version of the interface on that knows it.
+/// Something that is taken away, from the version of the interface on that knows it. Linking and moving into
+/// other folders, which version 2 has of its own, is taken away in any case.
 struct Access {
     int version;
     std::uint64_t Rules::*kind;
@@ -33,7 +34,6 @@ constexpr Access kTakenAway[] = {
          | LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_CHAR | LANDLOCK_ACCESS_FS_MAKE_DIR
          | LANDLOCK_ACCESS_FS_MAKE_REG | LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO
          | LANDLOCK_ACCESS_FS_MAKE_BLOCK | LANDLOCK_ACCESS_FS_MAKE_SYM},
-    {2, &Rules::files, 1U << 13},   // to link or move into another folder
     {3, &Rules::files, 1U << 14},   // to truncate
     {4, &Rules::network, 3},        // to bind and to connect TCP sockets
     {5, &Rules::files, 1U << 15},   // commands to devices

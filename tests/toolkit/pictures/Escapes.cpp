@@ -1,5 +1,6 @@
 #include "Escapes.h"
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -50,6 +51,10 @@ long PassDescriptor(Path /*path*/) {
     msghdr message{};
     return sendmsg(3, &message, MSG_NOSIGNAL);
 }
+long ReceiveElsewhere(Path /*path*/) {
+    msghdr message{};
+    return recvmsg(STDIN_FILENO, &message, 0);
+}
 long SendTo(Path /*path*/) {
     const sockaddr_un address = AbstractName();
     return sendto(3, "", 1, MSG_NOSIGNAL, reinterpret_cast<const sockaddr*>(&address), sizeof address);
@@ -68,6 +73,9 @@ constexpr Escape kEscapes[] = {
     {"open and empty", [](Path p) -> long { return open(p.c_str(), O_RDONLY | O_TRUNC); }, 1},
     {"open for writing", [](Path p) -> long { return open(p.c_str(), O_WRONLY | O_APPEND); }, 1},
     {"open for both", [](Path p) -> long { return syscall(SYS_openat, -1, p.c_str(), O_RDWR); }, 1},
+#ifdef SYS_open
+    {"open by the older call", [](Path p) -> long { return syscall(SYS_open, p.c_str(), O_WRONLY); }, 1},
+#endif
     {"reopen for writing", [](Path) -> long { return open("/proc/self/fd/4", O_WRONLY); }, 1},
     {"make a file", [](Path p) -> long { return open((p + "2").c_str(), O_CREAT | O_RDONLY, 0600); }, 1},
     {"make one without a name", [](Path) -> long { return open("/tmp", O_TMPFILE | O_WRONLY, 0600); }, 1},
@@ -100,6 +108,7 @@ constexpr Escape kEscapes[] = {
      }},
     {"pass a descriptor", PassDescriptor},
     {"send elsewhere", SendTo},
+    {"receive elsewhere", ReceiveElsewhere},
     {"signal the parent", [](Path) -> long { return kill(getppid(), 0); }, 6},
     {"signal a thread of it", [](Path) -> long { return syscall(SYS_tgkill, getppid(), getppid(), 0); }, 6},
     {"limit the parent", [](Path) -> long { return ChangeLimit(getppid()); }},
@@ -192,7 +201,10 @@ std::string MissingCall() {
     rlimit limit{};
     std::signal(SIGUSR1, [](int) { signalled = 1; });
     int threads = 0;
-    std::thread([&] { threads += prctl(PR_SET_NAME, "a") == 0 ? 1 : 0; }).join();
+    std::array<char, 16> name{};
+    std::thread([&] {
+        threads += prctl(PR_SET_NAME, "a") == 0 && prctl(PR_GET_NAME, name.data()) == 0 ? 1 : 0;
+    }).join();
     const std::pair<const char*, bool> others[] = {
         {"tgkill", raise(SIGUSR1) == 0 && signalled != 0},
         {"prlimit64", prlimit(0, RLIMIT_CORE, nullptr, &limit) == 0},
@@ -202,9 +214,9 @@ std::string MissingCall() {
         {"eventfd2", close(static_cast<int>(syscall(SYS_eventfd2, 0, 0))) == 0},
         {"reading /usr", close(open("/usr/bin", O_RDONLY)) == 0},
         {"mmap", munmap(mmap(nullptr, 1, PROT_READ, MAP_SHARED, 5, 0), 1) == 0}};
-    for (const auto& [name, works] : others) {
+    for (const auto& [what, works] : others) {
         if (!works) {
-            return name;
+            return what;
         }
     }
     return "";

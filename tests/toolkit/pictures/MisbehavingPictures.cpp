@@ -86,7 +86,8 @@ void Behave(const PictureRequest& request, int file, int memory) {
     } else if (how == "count sessions") {
         answer.width = hasOwnSession ? 1 : 2;
     } else if (how.starts_with("try ")) {
-        answer.width = Try(std::strtoul(how.data() + 4, nullptr, 10), file);
+        // A process that begins with this takes the place of one that has become another program by it.
+        answer.width = questions > 1 ? Try(std::strtoul(how.data() + 4, nullptr, 10), file) : 2;
     } else if (how == "miss a call") {
         answer.width = MissingCall().empty() ? 1 : 2;
     } else if (how == "answer in part") {
