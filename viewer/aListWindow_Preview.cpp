@@ -85,13 +85,16 @@ bool CanBeFitted(const Ref<Picture>& picture) {
 /// Says why a file isn't shown.
 std::string NoticeOf(const MediaKind& kind, const FolderItem& file) {
     const std::string thisFile = std::string("This ") + kind.name + " file ";
+    if (file.Unknown()) {
+        return thisFile + "can’t be read.";
+    }
     if (kind.icon != nullptr) {
         return thisFile + "can’t be shown.";
     }
-    if (!file.Unknown() && file.Length() == 0) {
+    if (file.Length() == 0) {
         return thisFile + "is empty.";
     }
-    switch (file.Unknown() ? PictureRefusal::Unreadable : Picture::LastRefusal()) {
+    switch (Picture::LastRefusal()) {
     case PictureRefusal::TooLarge:
         return thisFile + "is too large for a preview.";
     case PictureRefusal::TooSlow:
