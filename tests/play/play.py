@@ -38,6 +38,11 @@ def send(pid, name):
         os.kill(pid, signal.Signals["SIG" + name])
 
 
+def is_main(view):
+    """Is it the Albums window? An album that is being read has the same title, but is wider."""
+    return view.title == "Folimark" and not view.dialog and view.width < 1000
+
+
 def one_of(rng, views):
     return rng.choice(views) if views else None
 
@@ -106,10 +111,10 @@ class Play:
         return self.stage.views([process.pid for process in (self.application, *self.others)])
 
     def _main(self):
-        return next((view for view in self._views() if view.title == "Folimark" and not view.dialog), None)
+        return next((view for view in self._views() if is_main(view)), None)
 
     def _open_albums(self):
-        return [view for view in self._views() if view.title != "Folimark" and not view.dialog]
+        return [view for view in self._views() if not is_main(view) and not view.dialog]
 
     # The steps.
 
@@ -117,7 +122,7 @@ class Play:
         self.stage.press(rng.choice(KEYS), times=rng.choice([1, 1, 1, 2, 5, 20]))
 
     def _click(self, view, x, y, button=1, times=1):
-        if view.title == "Folimark" and (y < self.head or button == 3):
+        if is_main(view) and (y < self.head or button == 3):
             self.trashed += times
         self.stage.click(view, x, y, button, times)
 
@@ -280,7 +285,7 @@ class Play:
 
     def _close_albums(self):
         """Closes whatever there is but the Albums window, and is true when nothing is there."""
-        views = [view for view in self._views() if view.dialog or view.title != "Folimark"]
+        views = [view for view in self._views() if not is_main(view)]
         self._close_all(views)
         time.sleep(0.2 if views else 0)
         return not views
