@@ -119,7 +119,9 @@ class Play:
     # The steps.
 
     def press_keys(self, rng):
-        self.stage.press(rng.choice(KEYS), times=rng.choice([1, 1, 1, 2, 5, 20]))
+        key, times = rng.choice(KEYS), rng.choice([1, 1, 1, 2, 5, 20])
+        self.trashed += times if key == "Menu" else 0
+        self.stage.press(key, times=times)
 
     def _click(self, view, x, y, button=1, times=1):
         if is_main(view) and (y < self.head or button == 3):
@@ -294,7 +296,7 @@ class Play:
         if process.poll() is None and how != "server" and self._close_albums() and (view := self._main()):
             self.stage.manage(view)
             if how == "Control+q":
-                self.stage.press(how)
+                self.stage.press("Escape", how)  # A menu may be open.
             else:
                 self.stage.close(view)
             wait_for(lambda: process.poll() is not None, 1)
