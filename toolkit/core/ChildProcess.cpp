@@ -65,6 +65,7 @@ class Attributes {
 /// As the system takes lists of strings: it reads them only, and a null pointer ends them.
 std::vector<char*> Pointers(const std::vector<std::string>& strings) {
     std::vector<char*> pointers;
+    pointers.reserve(strings.size() + 1);
     for (const std::string& string : strings) {
         pointers.push_back(const_cast<char*>(string.c_str()));
     }

@@ -1,9 +1,9 @@
 #include "Escapes.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <sched.h>
@@ -44,7 +44,7 @@ sockaddr_in Port() {
 sockaddr_un AbstractName() {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    std::strcpy(address.sun_path + 1, ("folimark-test-" + std::to_string(getppid())).c_str());
+    std::ranges::copy("folimark-test-" + std::to_string(getppid()), address.sun_path + 1);
     return address;
 }
 long PassDescriptor(Path /*path*/) {

@@ -33,8 +33,9 @@ void Answer(const PictureAnswer& answer, std::size_t length = sizeof(PictureAnsw
 /// 2 if the thing could be done, 1 if it was refused.
 int Try(std::size_t index, int file) {
     std::array<char, 4096> path{};
-    readlink(("/proc/self/fd/" + std::to_string(file)).c_str(), path.data(), path.size() - 1);
-    const bool isDone = Escapes()[index].attempt(path.data()) != -1;
+    const std::string link = "/proc/self/fd/" + std::to_string(file);
+    const bool isDone = readlink(link.c_str(), path.data(), path.size() - 1) < 0
+                        || Escapes()[index].attempt(path.data()) != -1;
     const bool isRefused = errno == EPERM || errno == EACCES || errno == ENOSYS || errno == ENXIO;
     return isDone || !isRefused ? 2 : 1;
 }
@@ -67,8 +68,8 @@ void Behave(const PictureRequest& request, int file, int memory) {
         const std::vector<char> greed(kGreed, 1);
         answer.width = static_cast<int>(greed.size() >> 20);
     } else if (how == "grow") {
-        std::memset(std::malloc(kGreed / 16), 1, kGreed / 16);
-        answer.width = 1;
+        static const std::vector<char> kept(kGreed / 16, 1);
+        answer.width = kept.front();
     } else if (how == "lie about the size") {
         answer.width = answer.height = 1 << 15;
     } else if (how == "lie below zero") {
