@@ -68,7 +68,7 @@ void Behave(const PictureRequest& request, int file, int memory) {
         const std::vector<char> greed(kGreed, 1);
         answer.width = static_cast<int>(greed.size() >> 20);
     } else if (how == "grow") {
-        static const std::vector<char> kept(kGreed / 16, 1);
+        static const std::vector<unsigned char> kept(kGreed / 16, 1);
         answer.width = kept.front();
     } else if (how == "lie about the size") {
         answer.width = answer.height = 1 << 15;
