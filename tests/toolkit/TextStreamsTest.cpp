@@ -90,14 +90,6 @@ TEST(TextStreams, LeaveTheOldFileWhenTheyFail) {
     for (const std::string name : {"folder", "pipe", "loop", "astray", "list/below"}) {
         EXPECT_THROW(Save(folder.Item(name), {"new"}), IOException) << name;
     }
-
-    ASSERT_EQ(chmod(folder.Path().c_str(), 0755), 0);
-    if (geteuid() == 0) {
-        ASSERT_EQ(seteuid(65534), 0);
-        EXPECT_THROW(Save(folder.Item("list"), {"new"}), IOException);
-        EXPECT_THROW(Save(folder.Item("below/new"), {"new"}), IOException);
-        ASSERT_EQ(seteuid(0), 0);
-    }
     EXPECT_EQ(folder.Read("list"), "content");
     EXPECT_EQ(folder.Names(), names);
 }
