@@ -12,7 +12,8 @@ from functools import partial
 from Xlib import error
 
 from albums import CHANGING, NEW, Albums, Fault
-from stage import Stage, wait_for
+from processes import children, send
+from stage import Stage, is_main, one_of, wait_for
 
 LIMIT = 120  # seconds; far more than anything takes that doesn't hang, even on a busy machine
 RUNS, STEPS = 2, 60
@@ -21,30 +22,6 @@ MORE = 16, 300_000
 KEYS = ["Down"] * 6 + ["Up"] * 3 + (
     "End Home Next Prior Tab Tab Shift+Tab Return Escape space Left Right BackSpace b n F1 F5 F10 Menu Control+l Control+r "
     "Control+h Control+w Control+o Control+f Control+Shift+f Control+a Control+c").split()
-
-
-def children(pid):
-    """The names of the processes that pid has and hasn't waited for, by their numbers."""
-    found = {}
-    with suppress(OSError), open(f"/proc/{pid}/task/{pid}/children") as numbers:  # One of them may just be going.
-        for number in numbers.read().split():
-            with open(f"/proc/{number}/comm") as name:
-                found[int(number)] = name.read().strip()
-    return found
-
-
-def send(pid, name):
-    with suppress(ProcessLookupError):
-        os.kill(pid, signal.Signals["SIG" + name])
-
-
-def is_main(view):
-    """Is it the Albums window? An album that is being read has the same title, but is wider."""
-    return view.title == "Folimark" and not view.dialog and view.width < 1000
-
-
-def one_of(rng, views):
-    return rng.choice(views) if views else None
 
 
 class Play:
@@ -105,8 +82,6 @@ class Play:
         if status is not None and (status != 0 or not self.may_end):
             raise Fault(f"The application has ended by itself, with {status}.")
 
-    # What is to be seen.
-
     def _views(self):
         return self.stage.views([process.pid for process in (self.application, *self.others)])
 
@@ -115,8 +90,6 @@ class Play:
 
     def _open_albums(self):
         return [view for view in self._views() if not is_main(view) and not view.dialog]
-
-    # The steps.
 
     def press_keys(self, rng):
         key, times = rng.choice(KEYS), rng.choice([1, 1, 1, 2, 5, 20])

@@ -18,6 +18,15 @@ RULES = """<openbox_config xmlns="http://openbox.org/3.4/rc"><desktops><number>1
 View = namedtuple("View", "window pid title dialog left top width height")
 
 
+def is_main(view):
+    """Is it the Albums window? An album that is being read has the same title, but is wider."""
+    return view.title == "Folimark" and not view.dialog and view.width < 1000
+
+
+def one_of(rng, views):
+    return rng.choice(views) if views else None
+
+
 def wait_for(fact, limit):
     """Returns what `fact` gives as soon as that is true, or its last answer after `limit` seconds."""
     end = time.monotonic() + limit
