@@ -22,6 +22,7 @@ constexpr WindowLayout kLayout{
     .maxHeight = 32000,
     .resizeable = true,
     .backColor = Look::kTint,
+    .keyboardHome = "TheListBox",
     .slackDown = kSlackDown,
 };
 
@@ -48,7 +49,8 @@ constexpr ControlRow kControls[] = {
      .helpTag = kListHelp,
      .accessibleName = "Albums",
      .initialValue = " ",
-     .horizontalScrollBar = true},
+     .horizontalScrollBar = true,
+     .useFocusRing = true},
 };
 
 // The design height holds 16 rows and a line. With that many lines in the file, or fewer, it stays.

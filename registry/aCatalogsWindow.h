@@ -90,6 +90,8 @@ class aCatalogsWindow : public MenuBarWindow {
     void TheListBox_DoubleClick(Listbox& list);
     void CatalogsToolBar_Action(Toolbar& toolbar, ToolItem& item);
     void CatalogsToolBar_Open(aCatalogsToolBar& toolbar);
+    /// Does what a click on the button does.
+    void PushTool(const Ref<ToolButton>& button);
 
     bool _FileAboutFolimark_Action();
     bool _HelpFolimarkHelp_Action();

@@ -8,6 +8,9 @@ void aCatalogsWindow::AddMenuHandlers(Window& window) {
     window.MenuHandler("FileAboutFolimark", [this] { return _FileAboutFolimark_Action(); });
     window.MenuHandler("HelpFolimarkHelp", [this] { return _HelpFolimarkHelp_Action(); });
     window.MenuHandler("RevealItem", [this] { return _RevealItem_Action(); });
+    window.KeyHandler("F1", [this] { _HelpFolimarkHelp_Action(); });
+    window.KeyHandler("Ctrl+N", [this] { PushTool(AddCatalogButton); });
+    window.KeyHandler("Delete", [this] { PushTool(DeleteCatalogButton); });
 }
 
 bool aCatalogsWindow::_FileAboutFolimark_Action() {

@@ -68,4 +68,11 @@ void aCatalogsWindow::CatalogsToolBar_Action(Toolbar& /*toolbar*/, ToolItem& ite
     RunCommand(row->command);
 }
 
+void aCatalogsWindow::PushTool(const Ref<ToolButton>& button) {
+    if (button->Enabled()) {
+        button->Pushed(true);
+        CatalogsToolBar_Action(*CatalogsToolBar(), *button);
+    }
+}
+
 } // namespace folimark

@@ -12,6 +12,7 @@ void aListWindow::AddMenuHandlers(Window& window) {
     window.MenuHandler("EditHighlight", [this] { return _EditHighlight_Action(); });
     window.MenuHandler("EditRemoveHighlighting", [this] { return _EditRemoveHighlighting_Action(); });
     window.MenuHandler("RevealItem", [this] { return _RevealItem_Action(); });
+    window.KeyHandler("F1", [this] { _HelpFolimarkHelp_Action(); });
 }
 
 void aListWindow::Event_EnableMenuItems() {

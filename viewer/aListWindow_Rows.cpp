@@ -3,6 +3,7 @@
 #include "GlobalData.h"
 #include "Text.h"
 #include "aListWindow.h"
+#include "aListWindow_Columns.h"
 
 namespace folimark {
 namespace {
@@ -58,8 +59,8 @@ std::string DateText(const Ref<Date>& date) {
 
 void aListWindow::ListBoxAddRow(const Ref<FolderItem>& root, const Ref<FolderItem>& file) {
     const std::string path = file->AbsolutePath();
-    std::string name =
-        ReadableNames(ReplaceAll(GetCatalogPathWithoutTitle(root->AbsolutePath(), path), ":", " → "));
+    std::string name = ReadableNames(
+        ReplaceAll(GetCatalogPathWithoutTitle(root->AbsolutePath(), path), ":", std::string(kPathSeparator)));
     std::string created;
     std::string modified;
     std::string size = "0 MB";

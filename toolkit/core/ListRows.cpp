@@ -147,14 +147,19 @@ std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
     return newPlaces;
 }
 
-std::int64_t ListRows::FindPrefix(std::string_view text, std::int64_t startRow) const {
+std::int64_t ListRows::FindPrefix(std::string_view text, std::int64_t startRow,
+                                  std::string_view separator) const {
     const std::string folded = FoldForSearch(text);
     const std::int64_t count = LastIndex() + 1;
     const std::int64_t start = startRow < 0 || startRow >= count ? 0 : startRow;
     const std::size_t part = PartOfColumn(0);
     for (std::int64_t i = 0; i < count && !folded.empty(); ++i) {
         const std::int64_t row = start + i < count ? start + i : start + i - count;
-        if (StartsWithFolded(RowStore::Text(rows_[static_cast<std::size_t>(row)], part), folded)) {
+        std::string_view cell = RowStore::Text(rows_[static_cast<std::size_t>(row)], part);
+        if (const auto last = cell.rfind(separator); !separator.empty() && last != std::string_view::npos) {
+            cell.remove_prefix(last + separator.size());
+        }
+        if (StartsWithFolded(cell, folded)) {
             return row;
         }
     }

@@ -47,8 +47,9 @@ class ListRows {
 
     /// The first row, from `startRow` on and then from the top, whose first column starts with the text as
     /// a search sees it (FoldForSearch); -1 if there is none, or the text is empty. A `startRow` outside the
-    /// list means the top.
-    std::int64_t FindPrefix(std::string_view text, std::int64_t startRow) const;
+    /// list means the top. With a separator only what follows the last one in a row counts.
+    std::int64_t FindPrefix(std::string_view text, std::int64_t startRow,
+                            std::string_view separator = "") const;
 
   private:
     std::size_t Checked(std::int64_t row) const;

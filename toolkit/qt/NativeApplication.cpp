@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
+#include <QMenuBar>
 
 #include <csignal>
 
@@ -25,12 +26,12 @@ namespace folimark {
 namespace {
 
 /// Brings the menus up to date before a shortcut is tried: the window system only tries those of enabled
-/// items.
-class ShortcutWatch : public QObject {
+/// items. And sees to it that the menu bar gives the keyboard back.
+class MenuWatch : public QObject {
   public:
     using QObject::QObject;
 
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::ShortcutOverride) {
             const std::vector<Ref<Window>> windows = OpenWindows();
             for (const Ref<Window>& window : windows) {
@@ -38,6 +39,14 @@ class ShortcutWatch : public QObject {
                 if (native != nullptr && dynamic_cast<WindowFrame*>(QApplication::activeWindow()) == native) {
                     EnterApplication([&] { window->UpdateMenuItems(kToolkit); });
                 }
+            }
+        }
+        // A click is the end of what the keyboard has begun in the menu bar.
+        if (auto* widget = qobject_cast<QWidget*>(watched); event->type() == QEvent::MouseButtonPress
+                                                            && widget != nullptr
+                                                            && qobject_cast<QMenuBar*>(widget) == nullptr) {
+            if (auto* frame = dynamic_cast<WindowFrame*>(widget->window())) {
+                frame->ReturnKeyboard();
             }
         }
         return false;
@@ -98,7 +107,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
         icon.addFile(resources + QLatin1Char('/') + ToQString(file));
     }
     QGuiApplication::setWindowIcon(icon);
-    application->installEventFilter(new ShortcutWatch(application));
+    application->installEventFilter(new MenuWatch(application));
     application->installEventFilter(new HelpTags(application));
     application->installEventFilter(new DeletionWatch(application));
     InstallAccessibility();

@@ -14,6 +14,8 @@ Ref<RectControl> MakeControl(const ControlRow& row) {
         list->ColumnCount(row.columnCount);
         list->HasHeading(row.hasHeading);
         list->HorizontalScrollBar(row.horizontalScrollBar);
+        list->UseFocusRing(row.useFocusRing);
+        list->PathSeparator(std::string(row.pathSeparator));
         list->InitialValue(std::string(row.initialValue));
         list->ColumnWidths(std::string(row.columnWidths));
         return list;

@@ -37,6 +37,8 @@ struct ControlRow {
     std::string_view initialValue{};
     bool hasHeading = false;
     bool horizontalScrollBar = false;
+    bool useFocusRing = false;
+    std::string_view pathSeparator{};
 };
 
 /// Makes the controls of `rows` in `window`.

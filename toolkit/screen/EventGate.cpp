@@ -69,6 +69,17 @@ void EnterApplication(const std::function<void()>& handler) {
     }
 }
 
+void EnterToPaint(const std::function<void()>& handler) {
+    if (!closed) {
+        EnterApplication(handler);
+        return;
+    }
+    try {
+        handler();
+    } catch (...) { // NOLINT(bugprone-empty-catch): a cell without its colour is all that is lost
+    }
+}
+
 void StartApplication(const std::function<void()>& start) {
     Guarded(start, Phase::Starting);
 }

@@ -11,6 +11,10 @@ namespace folimark {
 /// that handler tells of such an exception, nor once the application is ending.
 void EnterApplication(const std::function<void()>& handler);
 
+/// Runs a handler that only paints. It enters also while the handler of last resort tells of an exception, so
+/// that windows don't go blank meanwhile; what it raises then is passed over.
+void EnterToPaint(const std::function<void()>& handler);
+
 /// Runs `start`, the application's first event, like any other, but for one thing: a failed input ends the
 /// application too, so that it never works with half of what it should have read.
 void StartApplication(const std::function<void()>& start);

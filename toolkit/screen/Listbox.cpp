@@ -181,7 +181,7 @@ void Listbox::DoubleClickByUser(const ToolkitKey&) {
 
 bool Listbox::PaintCellBackground(const ToolkitKey&, Graphics& graphics, std::int64_t row, int column) {
     bool painted = false;
-    FromUser([&] {
+    ToPaint([&] {
         if (CellBackgroundPaint) {
             painted = CellBackgroundPaint(*this, graphics, row, column);
         }
@@ -197,7 +197,7 @@ void Listbox::MarksChanged() {
 
 std::string Listbox::NoteOf(const ToolkitKey&, std::int64_t row, int column) {
     std::string note;
-    FromUser([&] {
+    ToPaint([&] {
         if (CellNote) {
             note = CellNote(*this, row, column);
         }

@@ -50,6 +50,13 @@ class Listbox : public RectControl {
     void InitialValue(const std::string& text);
     const std::vector<std::string>& Headings() const { return headings_; }
     void HorizontalScrollBar(bool has) { horizontalScrollBar_ = has; }
+    /// Is a ring to show that the list has the keyboard, also while no row is selected?
+    bool UseFocusRing() const { return useFocusRing_; }
+    void UseFocusRing(bool use) { useFocusRing_ = use; }
+    /// What stands between the names of a path in the first column; "" if that holds none. Typing looks for
+    /// the beginning of a path, and for that of its last name if there is no such path.
+    const std::string& PathSeparator() const { return pathSeparator_; }
+    void PathSeparator(const std::string& separator) { pathSeparator_ = separator; }
     /// What stands in the list's room while it has no row; "" for nothing.
     const std::string& EmptyText() const { return emptyText_; }
     void EmptyText(const std::string& text) { emptyText_ = text; }
@@ -125,12 +132,14 @@ class Listbox : public RectControl {
     std::vector<int> directions_;
     std::string columnWidths_;
     std::string emptyText_;
+    std::string pathSeparator_;
     Color markColor_ = 0x000000;
     std::int64_t listIndex_ = -1;
     int columnCount_ = 1;
     int sortedColumn_ = -1;
     bool hasHeading_ = false;
     bool horizontalScrollBar_ = false;
+    bool useFocusRing_ = false;
 };
 
 } // namespace folimark

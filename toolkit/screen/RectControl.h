@@ -70,6 +70,8 @@ class RectControl : public Object {
 
     /// Runs `handler` as an event that the user caused, with the window kept alive until it returns.
     void FromUser(const std::function<void()>& handler) const;
+    /// The same for a handler that only paints, or answers what is going to be painted.
+    void ToPaint(const std::function<void()>& handler) const;
 
   private:
     friend class Window;

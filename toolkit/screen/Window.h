@@ -34,6 +34,9 @@ struct WindowLayout {
     bool resizeable = false;
     bool hasBackColor = true;
     Color backColor = 0xFFFFFF;
+    /// The control that has the keyboard when the user comes back from another window; "" for the one that
+    /// had it.
+    std::string_view keyboardHome{};
     std::span<const Slack> slackAcross{};
     std::span<const Slack> slackDown{};
 };
@@ -93,6 +96,9 @@ class Window : public Object {
     void MenuBar(Ref<folimark::MenuBar> bar) { menuBar_ = std::move(bar); }
     /// Connects the menu item of that name with a handler, which answers whether the command is done.
     void MenuHandler(const std::string& itemName, std::function<bool()> handler);
+
+    /// Connects a key that no menu shows with a handler: "F1", "Ctrl+N", "Delete".
+    void KeyHandler(const std::string& key, std::function<void()> handler);
 
     /// Takes a control into the window; the builder of control tables calls it.
     void AddControl(Ref<RectControl> control, std::string_view name, const Bounds& bounds);

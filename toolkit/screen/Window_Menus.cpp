@@ -1,5 +1,6 @@
 #include "Application.h"
 #include "EditCommands.h"
+#include "NativeWindow.h"
 #include "OpenWindows.h"
 #include "ToolkitKey.h"
 #include "Window.h"
@@ -28,6 +29,10 @@ void Window::MenuHandler(const std::string& itemName, std::function<bool()> hand
         throw NameNotFoundException("The menu bar has no item “" + itemName + "”.");
     }
     menuHandlers_[itemName] = std::move(handler);
+}
+
+void Window::KeyHandler(const std::string& key, std::function<void()> handler) {
+    native_->AddKey(key, std::move(handler));
 }
 
 void Window::ChooseMenuItem(const ToolkitKey&, const Ref<MenuItem>& item) {

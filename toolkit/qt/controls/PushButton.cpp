@@ -15,6 +15,7 @@ void PushButton::MakeWidget(WindowFrame& frame) {
     button->setDefault(default_);
     QObject::connect(button, &QPushButton::clicked, &Native().connections,
                      [this] { FromUser([this] { RunAction(); }); });
+    button->installEventFilter(&frame); // for the keys that walk through the list
     Native().widget = button;
 }
 

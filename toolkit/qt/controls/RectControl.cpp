@@ -105,6 +105,13 @@ void RectControl::FromUser(const std::function<void()>& handler) const {
     }
 }
 
+void RectControl::ToPaint(const std::function<void()>& handler) const {
+    if (owner_ != nullptr) {
+        const Ref<Window> keptAlive(owner_);
+        EnterToPaint(handler);
+    }
+}
+
 void RectControl::TabAfter(const RectControl& previous) {
     if (native_->widget && previous.native_->widget) {
         QWidget::setTabOrder(previous.native_->widget, native_->widget);

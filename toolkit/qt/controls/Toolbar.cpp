@@ -125,6 +125,7 @@ void Toolbar::Append(const Ref<ToolItem>& item) {
     // A toolbar's buttons take no keyboard focus unless they are told to.
     if (auto* widget = qobject_cast<QToolButton*>(bar->widgetForAction(action)); widget != nullptr) {
         widget->setFocusPolicy(Qt::TabFocus);
+        widget->installEventFilter(bar->window()); // for the keys that walk through the list
         widget->setObjectName(ToQString(item->Name()));
     }
     QObject::connect(action, &QAction::triggered, &Native().connections, [this, item, button] {

@@ -55,6 +55,10 @@ void DrawLine(QPainter& painter, const QRect& room, const QString& text, Qt::Ali
 
 } // namespace
 
+QColor CellPainter::SelectionColor() {
+    return kSelection;
+}
+
 CellPainter::CellPainter(ListView* view) : QStyledItemDelegate(view), view_(*view) {}
 
 void CellPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,

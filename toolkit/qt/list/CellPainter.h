@@ -14,6 +14,9 @@ class CellPainter : public QStyledItemDelegate {
 
     explicit CellPainter(ListView* view);
 
+    /// The selected row's colour in a window that has the keyboard.
+    static QColor SelectionColor();
+
     /// Has a cell room for the whole of its text, and of the note behind it?
     static bool Fits(const QString& text, const QString& note, const QRect& cell,
                      const QFontMetrics& metrics);

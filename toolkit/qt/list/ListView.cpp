@@ -199,6 +199,17 @@ void ListView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     PaintEmptyRows();
     PaintEmptyText();
+    PaintFocusRing();
+}
+
+void ListView::PaintFocusRing() {
+    if (list_.UseFocusRing() && hasFocus()) {
+        constexpr int kRing = 2;
+        QPainter painter(viewport());
+        painter.setPen(
+            QPen(CellPainter::SelectionColor(), kRing, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(viewport()->rect().adjusted(kRing / 2, kRing / 2, -kRing / 2, -kRing / 2));
+    }
 }
 
 void ListView::PaintEmptyRows() {

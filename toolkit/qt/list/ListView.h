@@ -32,6 +32,9 @@ class ListView : public QTableView, public NativeList {
     /// Sets the height of the rows, in logical pixels; the columns' widths go with it.
     void Measure(int rowHeight);
 
+    /// As a click on a heading does it. \returns whether there is such a heading to be seen.
+    bool ClickHeading(int column);
+
     Listbox& List() const { return list_; }
 
     void keyboardSearch(const QString& text) override;
@@ -53,6 +56,7 @@ class ListView : public QTableView, public NativeList {
   private:
     bool MoveByKey(int key);
     void PaintEmptyRows();
+    void PaintFocusRing();
     void PaintEmptyText();
     /// The whole text of a cell that is cut off; "" of any other.
     QString CutOffText(const QModelIndex& index) const;

@@ -70,6 +70,7 @@ bool ListView::event(QEvent* event) {
 void ListView::keyPressEvent(QKeyEvent* event) {
     if (IsPlain(*event)) {
         if (!event->modifiers().testFlag(Qt::ShiftModifier) && MoveByKey(event->key())) {
+            typed_.clear();
             return;
         }
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -84,6 +85,14 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     event->ignore(); // The window's turn.
 }
 
+bool ListView::ClickHeading(int column) {
+    if (!list_.HasHeading() || column >= list_.ColumnCount() || isColumnHidden(column)) {
+        return false;
+    }
+    list_.ClickHeading(kToolkit, column);
+    return true;
+}
+
 void ListView::keyboardSearch(const QString& text) {
     const std::int64_t now = QDateTime::currentMSecsSinceEpoch();
     const bool goesOn = now - typedAt_ < QApplication::keyboardInputInterval();
@@ -92,7 +101,10 @@ void ListView::keyboardSearch(const QString& text) {
     const bool steps = goesOn && typed_.size() == 1 && typed_ == text;
     typed_ = goesOn && !steps ? typed_ + text : text;
     const std::int64_t from = typed_.size() > 1 ? list_.ListIndex() : list_.ListIndex() + 1;
-    const std::int64_t row = list_.Rows().FindPrefix(ToText(typed_), from);
+    std::int64_t row = list_.Rows().FindPrefix(ToText(typed_), from);
+    if (row < 0 && !list_.PathSeparator().empty()) {
+        row = list_.Rows().FindPrefix(ToText(typed_), from, list_.PathSeparator());
+    }
     if (row >= 0 && row != list_.ListIndex()) {
         list_.SelectByUser(kToolkit, row);
     }

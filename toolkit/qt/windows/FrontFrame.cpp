@@ -43,6 +43,10 @@ QWidget* FrontFrame() {
     return active;
 }
 
+QWidget* FrontFrameBefore() {
+    return LastFrame();
+}
+
 void NoteFrontFrame(QWidget& frame) {
     LastFrame() = &frame;
 }

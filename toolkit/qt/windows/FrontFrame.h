@@ -7,6 +7,8 @@ namespace folimark {
 /// The window that the user is looking at: the one that has the keyboard or, if another application has it,
 /// the one of ours that had it last. Null if there is none.
 QWidget* FrontFrame();
+/// The window of ours that had the keyboard last.
+QWidget* FrontFrameBefore();
 /// To be told of each window that gets the keyboard.
 void NoteFrontFrame(QWidget& frame);
 

@@ -25,6 +25,7 @@ void AddAction(Window& window, WindowFrame& frame, QMenu& menu, const Ref<MenuIt
         const Ref<Window> keptAlive(&window);
         EnterApplication([&] { window.ChooseMenuItem(kToolkit, item); });
     });
+    QObject::connect(action, &QAction::triggered, &frame, &WindowFrame::ReturnKeyboard, Qt::QueuedConnection);
     std::vector<QPointer<QAction>>& actions = item->Native(kToolkit).actions;
     std::erase_if(actions, [](const QPointer<QAction>& old) { return old.isNull(); });
     actions.emplace_back(action);
@@ -40,6 +41,8 @@ void BuildMenuBar(Window& window, WindowFrame& frame) {
         menu = bar->addMenu(WithPlatformKeys(top->Text()));
         QObject::connect(menu, &QMenu::aboutToShow, &frame,
                          [&window] { EnterApplication([&window] { window.UpdateMenuItems(kToolkit); }); });
+        QObject::connect(menu, &QMenu::aboutToHide, &frame, &WindowFrame::ReturnKeyboard,
+                         Qt::QueuedConnection);
         for (const Ref<MenuItem>& item : top->Children()) {
             if (item.As<AppleMenuItem>()) {
                 aboutApplication.push_back(item);

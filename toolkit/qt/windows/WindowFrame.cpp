@@ -14,6 +14,7 @@
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
@@ -70,6 +71,11 @@ WindowFrame::WindowFrame(Window& window, const WindowLayout& layout)
         content_->setAutoFillBackground(true);
     }
     content_->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (now != nullptr && qobject_cast<QMenuBar*>(now) == nullptr && now->window() == this) {
+            control_ = now;
+        }
+    });
     setCentralWidget(content_);
     for (QTimer* pause : {&resizeEnd_, &movedEnd_}) {
         pause->setSingleShot(true);
@@ -143,7 +149,10 @@ void WindowFrame::BringToFront() {
 bool WindowFrame::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate && window_ != nullptr) {
         NoteBorder();
+        const bool comesBack =
+            dynamic_cast<const WindowFrame*>(FrontFrameBefore()) != nullptr && FrontFrameBefore() != this;
         NoteFrontFrame(*this);
+        TakeKeyboard(comesBack);
         EnterApplication([this] { window_->ActivatedByUser(kToolkit); });
     }
     if (event->type() == QEvent::ApplicationFontChange) {
@@ -155,6 +164,9 @@ bool WindowFrame::event(QEvent* event) {
 bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
     if (watched == content_ && event->type() == QEvent::Resize) {
         ContentResized();
+    }
+    if (event->type() == QEvent::KeyPress && watched != content_) {
+        return HandToList(static_cast<QKeyEvent&>(*event));
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -184,59 +196,6 @@ void WindowFrame::closeEvent(QCloseEvent* event) {
     }
     const Ref<Window> window(window_);
     EnterApplication([&] { window->Close(); });
-}
-
-bool WindowFrame::PressDialogButton(int key) {
-    const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (!isReturn && key != Qt::Key_Escape) {
-        return false;
-    }
-    if (auto* focused = qobject_cast<QPushButton*>(focusWidget()); isReturn && focused != nullptr) {
-        focused->click();
-        return true;
-    }
-    for (const Ref<RectControl>& control : window_->Controls(kToolkit)) {
-        const Ref<PushButton> button = control.As<PushButton>();
-        if (button && (isReturn ? button->Default() : button->Cancel())) {
-            button->Click(kToolkit);
-            return true;
-        }
-    }
-    return false;
-}
-
-void WindowFrame::keyPressEvent(QKeyEvent* event) {
-    if (window_ == nullptr) {
-        return;
-    }
-    const Ref<Window> window(window_);
-    if (PressDialogButton(event->key())) {
-        return;
-    }
-    bool used = false;
-    // With one of these a key is a command, even where it also stands for a character: Ctrl+I is no Tab.
-    if (!(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) {
-        EnterApplication([&] { used = window->KeyDownByUser(kToolkit, event->text().toStdString()); });
-    }
-    if (!used) {
-        QMainWindow::keyPressEvent(event);
-    }
-}
-
-bool WindowFrame::focusNextPrevChild(bool next) {
-    bool used = false;
-    // Without a key, the focus moves on from a control that has just been hidden or disabled.
-    const QWidget* const focused = focusWidget();
-    const bool isKey = focused == nullptr || (focused->isVisible() && focused->isEnabled());
-    if (isKey && window_ != nullptr) {
-        const Ref<Window> window(window_);
-        EnterApplication([&] { used = window->KeyDownByUser(kToolkit, "\t"); });
-        if (used) {
-            repaint(); // While a key is held the queue never runs empty, and that is when widgets would be
-                       // painted.
-        }
-    }
-    return used || QMainWindow::focusNextPrevChild(next);
 }
 
 } // namespace folimark

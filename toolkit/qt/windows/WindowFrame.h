@@ -27,6 +27,8 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     /// Where a rectangle of the content, in units, lies in it, in logical pixels.
     QRect OnScreen(const QRect& units) const;
     int ContentWidth() const { return asked_.width(); }
+    /// Gives the keyboard to the control that had it, if the menu bar or nobody has it and no menu is open.
+    void ReturnKeyboard();
     /// A list's row in this window, in logical pixels.
     int RowPixels() const { return rowHeight_; }
 
@@ -40,6 +42,7 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     int ContentHeight() const override { return height_; }
     void SetContentHeight(int height) override;
     void SetTitle(const std::string& title) override;
+    void AddKey(const std::string& key, std::function<void()> handler) override;
     void MakeModal() override;
     void WaitUntilTakenDown() override;
     void TakeDown() override;
@@ -79,12 +82,21 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     bool PressDialogButton(int key);
     /// Accepts a drag of folders, and of nothing else. \returns whether it has.
     bool AcceptFolders(QDropEvent& event) const;
+    /// The keys that all windows have.
+    bool RunWindowKey(const QKeyEvent& event);
+    /// Gives the list a key that walks through it and has come to a button. \returns whether there is such a
+    /// list.
+    bool HandToList(QKeyEvent& key);
+    /// The window has the keyboard again, and may have been left from its menu bar.
+    void TakeKeyboard(bool comesBack);
 
     Window* window_;
     /// What WaitUntilTakenDown waits in.
     QEventLoop* modalLoop_ = nullptr;
     WindowLayout layout_;
     QWidget* content_;
+    /// The control that had the keyboard last.
+    QPointer<QWidget> control_;
     /// These end a drag of the window's size, and of the window: the window system reports no end of either,
     /// so a pause counts as one.
     QTimer resizeEnd_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -30,6 +31,8 @@ class NativeWindow {
     virtual void SetContentHeight(int height) = 0;
     virtual void SetTitle(const std::string& title) = 0;
 
+    /// Calls `handler` when the key is pressed in this window.
+    virtual void AddKey(const std::string& key, std::function<void()> handler) = 0;
     /// From the next showing on no other window takes input. The window then belongs to the one in front, and
     /// stands over its middle.
     virtual void MakeModal() = 0;
