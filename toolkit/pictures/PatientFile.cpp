@@ -19,11 +19,8 @@ PatientFile::~PatientFile() {
     done_.set_value();
 }
 
-int PatientFile::Wait(Patience& patience) {
-    const auto isOpen = [this](Patience::Clock::time_point end) {
-        return opened_.wait_until(end) == std::future_status::ready;
-    };
-    return patience.Wait(isOpen) ? opened_.get() : -1;
+int PatientFile::Wait(std::chrono::steady_clock::time_point end) {
+    return opened_.wait_until(end) == std::future_status::ready ? opened_.get() : -1;
 }
 
 } // namespace folimark

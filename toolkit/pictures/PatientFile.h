@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Patience.h"
-
+#include <chrono>
 #include <future>
 #include <memory>
 #include <string>
@@ -20,8 +19,8 @@ class PatientFile {
     ~PatientFile();
 
     /// The descriptor, which is the thread's and open as long as this lives. -1 if the file can't be opened,
-    /// is no regular file, or isn't open when the patience is over.
-    int Wait(Patience& patience);
+    /// is no regular file, or isn't open at `end`.
+    int Wait(std::chrono::steady_clock::time_point end);
 
   private:
     std::future<int> opened_;

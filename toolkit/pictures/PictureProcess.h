@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Patience.h"
 #include "PictureRefusal.h"
 
 #include <cstdint>
@@ -38,10 +37,8 @@ struct DecodedPicture {
 /// Gives nothing if the file can't be read, or opening and reading it take more than five seconds or more
 /// than 1.5 GiB, and never waits longer, whatever the file lies on. Waits for the answer; the caller's thread
 /// is the only one that may use the picture process.
-///
-/// Whoever gives a teller hears that the reading takes its time; it must not read a picture itself.
 std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
-                                          int wantedHeight, const Patience::Teller& teller = {});
+                                          int wantedHeight);
 
 /// Why the last call of ReadPicture gave nothing; None if it gave a picture.
 PictureRefusal LastRefusal();
@@ -56,5 +53,7 @@ void EndPictureProcess();
 /// The path of the executable to start, from the next start on. By default it is `folimark-pictures`, in the
 /// folder of this program's own executable. "" stands for that default.
 void SetPictureProcessExecutable(std::string path);
+/// What was set last.
+const std::string& PictureProcessExecutable();
 
 } // namespace folimark

@@ -13,7 +13,7 @@
 namespace folimark {
 namespace {
 
-using Clock = Patience::Clock;
+using Clock = PictureWorker::Clock;
 
 // What a process may keep after an answer, and how many answers it gives.
 constexpr std::int64_t kMostResident = std::int64_t{192} << 20; // bytes
@@ -61,14 +61,15 @@ void TellOfMissingWall() {
     static_cast<void>(told);
 }
 
-/// Waits until `socket` has something to read, or has been closed by the other side.
-bool WaitFor(int socket, Clock::time_point end) {
+/// Waits until `socket` has something to read, or has been closed by the other side. False at `end`, and when
+/// `brokenOff` has something to read.
+bool WaitFor(int socket, Clock::time_point end, int brokenOff = -1) {
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now()).count();
-        pollfd wanted{socket, POLLIN, 0};
-        const int ready = poll(&wanted, 1, left > 0 ? static_cast<int>(left) : 0);
+        std::array<pollfd, 2> wanted{{{socket, POLLIN, 0}, {brokenOff, POLLIN, 0}}};
+        const int ready = poll(wanted.data(), wanted.size(), left > 0 ? static_cast<int>(left) : 0);
         if (ready >= 0 || errno != EINTR) {
-            return ready > 0;
+            return ready > 0 && wanted[1].revents == 0;
         }
     }
 }
@@ -120,7 +121,7 @@ bool PictureWorker::IsWorn() const {
 
 std::optional<PictureAnswer> PictureWorker::Ask(PictureRequest request,
                                                 const std::array<int, kRequestDescriptors>& descriptors,
-                                                Patience& patience) {
+                                                Clock::time_point end, int brokenOff) {
     request.number = ++questions_;
     isSuspect_ = true;
     // A process that dies of a question may have been dying before (the system's memory ran out, say), so a
@@ -135,7 +136,7 @@ std::optional<PictureAnswer> PictureWorker::Ask(PictureRequest request,
         }
         if (SendRequest(socket_.Get(), request, descriptors)) {
             PictureAnswer answer;
-            if (!patience.Wait([this](Clock::time_point end) { return WaitFor(socket_.Get(), end); })) {
+            if (!WaitFor(socket_.Get(), end, brokenOff)) {
                 isSuspect_ = false;
                 break;
             }

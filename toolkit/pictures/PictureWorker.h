@@ -1,10 +1,10 @@
 #pragma once
 
 #include "ChildProcess.h"
-#include "Patience.h"
 #include "PictureProtocol.h"
 
 #include <array>
+#include <chrono>
 #include <optional>
 #include <string>
 
@@ -15,6 +15,8 @@ namespace folimark {
 /// has grown, or has answered many.
 class PictureWorker {
   public:
+    using Clock = std::chrono::steady_clock;
+
     PictureWorker() = default;
     PictureWorker(const PictureWorker&) = delete;
     PictureWorker& operator=(const PictureWorker&) = delete;
@@ -23,9 +25,11 @@ class PictureWorker {
     /// See SetPictureProcessExecutable.
     void SetExecutable(std::string path) { executable_ = std::move(path); }
 
-    /// Puts one question. Nothing if there is no answer before the patience is over.
-    std::optional<PictureAnswer>
-    Ask(PictureRequest request, const std::array<int, kRequestDescriptors>& descriptors, Patience& patience);
+    /// Puts one question. Nothing if there is no answer at `end`, or when the descriptor `brokenOff` becomes
+    /// readable.
+    std::optional<PictureAnswer> Ask(PictureRequest request,
+                                     const std::array<int, kRequestDescriptors>& descriptors,
+                                     Clock::time_point end, int brokenOff = -1);
 
     /// Did the last question fail since no process could be started, or since a fresh one ended by itself?
     /// The file may be to blame for the latter.
