@@ -133,6 +133,10 @@ void aListWindow::_CreateControls0() {
     TheListBox()->ContextMenu = [this](Listbox&) { return CommandsOfRow(); };
     TheListBox()->CopyText = [this](Listbox&) { return PathOfSelectedRow(); };
     TheCanvas()->DoubleClick = [this](Canvas& canvas, int x, int y) { TheCanvas_DoubleClick(canvas, x, y); };
+    TheCanvas()->PictureReady = [this](Canvas& canvas, const Ref<Picture>& picture, PictureRefusal refusal) {
+        TheCanvas_PictureReady(canvas, picture, refusal);
+    };
+    TheCanvas()->PictureLate = [this](Canvas& canvas) { TheCanvas_PictureLate(canvas); };
     EditPushButton()->Action = [this](PushButton& button) { EditPushButton_Action(button); };
     FileReturn()->Action = [this](PushButton& button) { FileReturn_Action(button); };
     MaxButton()->Action = [this](PushButton& button) { MaxButton_Action(button); };

@@ -97,6 +97,8 @@ class aListWindow : public MenuBarWindow {
     bool TheListBox_CellBackgroundPaint(Listbox& list, class Graphics& graphics, std::int64_t row,
                                         int column);
     void TheCanvas_DoubleClick(Canvas& canvas, int x, int y);
+    void TheCanvas_PictureReady(Canvas& canvas, const Ref<Picture>& picture, PictureRefusal refusal);
+    void TheCanvas_PictureLate(Canvas& canvas);
     void EditPushButton_Action(PushButton& button);
     void FileReturn_Action(PushButton& button);
     void MaxButton_Action(PushButton& button);
@@ -112,9 +114,11 @@ class aListWindow : public MenuBarWindow {
     bool _EditRemoveHighlighting_Action();
     bool _RevealItem_Action();
 
-    /// Reads a file no larger than the canvas asks for, and shows meanwhile which one that is. Nil if it
-    /// can't be read.
-    Ref<Picture> OpenForPreview(const Ref<FolderItem>& file);
+    /// Shows a picture, or, if there is none, why.
+    void ShowPreview(const Ref<Picture>& source, PictureRefusal refusal);
+    /// Has the pictures read that are likely to be wanted next: in the direction of the last step, and the
+    /// one behind.
+    void ReadAhead();
     /// The picture for the canvas: the source fitted into it, on the window's colour.
     Ref<Picture> ComposePreview(const Ref<Picture>& source);
     /// The picture for the canvas that says a short text instead.
@@ -136,6 +140,10 @@ class aListWindow : public MenuBarWindow {
     /// Lets the event loop run; raises EndException if that has closed the window.
     void Yield();
 
+    std::string shownPath_;     ///< of the file that the preview is about
+    std::string shownKind_;     ///< how that is called
+    Ref<FolderItem> requested_; ///< the file, as long as it is asked for no larger than the canvas
+    std::int64_t lastRow_ = -1; ///< that was shown
     bool scanning_ = false;
     /// The search that was made last while the scan went on: the rows that came after it don't know of it
     /// yet.

@@ -1,3 +1,4 @@
+#include "FileTypeRegistry.h"
 #include "GlobalData.h"
 #include "MsgBox.h"
 #include "Picture.h"
@@ -82,32 +83,29 @@ bool CanBeFitted(const Ref<Picture>& picture) {
     return fits(picture->Width()) && fits(picture->Height());
 }
 
+/// Has the user been told, in this run, that no pictures can be read?
+bool toldOfReader = false;
+
 /// Says why a file isn't shown.
-std::string NoticeOf(const MediaKind& kind, const FolderItem& file) {
-    const std::string thisFile = std::string("This ") + kind.name + " file ";
-    if (file.Unknown()) {
-        return thisFile + "can’t be read.";
-    }
-    if (kind.icon != nullptr) {
+std::string NoticeOf(const std::string& kindName, PictureRefusal refusal) {
+    const std::string thisFile = "This " + kindName + " file ";
+    switch (refusal) {
+    case PictureRefusal::None:
         return thisFile + "can’t be shown.";
-    }
-    if (file.Length() == 0) {
+    case PictureRefusal::Empty:
         return thisFile + "is empty.";
-    }
-    switch (Picture::LastRefusal()) {
     case PictureRefusal::TooLarge:
         return thisFile + "is too large for a preview.";
     case PictureRefusal::TooSlow:
         return thisFile + "takes too long to read.";
     case PictureRefusal::Damaged:
         return thisFile + "is damaged, or isn’t what its name says.";
+    case PictureRefusal::ReaderIsBroken:
+        return "Pictures can’t be shown.";
     default:
         return thisFile + "can’t be read.";
     }
 }
-
-/// Has the user been told, in this run, that no pictures can be read?
-bool toldOfReader = false;
 
 void TellOfReaderOnce() {
     if (!std::exchange(toldOfReader, true)) {
@@ -135,7 +133,8 @@ void aListWindow::DrawCatalogItem() {
         Close();
         return;
     }
-    const MediaKind* kind = KindOf(file->Type());
+    canvas->ForgetPicture();
+    const MediaKind* const kind = KindOf(file->Type());
     if (kind == nullptr) {
         MsgBox("File is not a recognizable media file, but this can't happen");
         canvas->Backdrop(ComposePreview(FilledPicture(canvas, 8, kRed)));
@@ -144,32 +143,56 @@ void aListWindow::DrawCatalogItem() {
     canvas->HelpTag(kind->canvasHelp);
     EditPushButton()->HelpTag(kind->buttonHelp);
     EditPushButton()->Caption(kind->buttonCaption);
-    Ref<Picture> source;
-    if (there) {
-        source = kind->icon != nullptr ? kind->icon() : OpenForPreview(file);
+    shownKind_ = kind->name;
+    if (there && kind->icon == nullptr) {
+        // Choosing a row once more shows the file as it is now.
+        const bool again = path == std::exchange(shownPath_, path);
+        requested_ = file;
+        canvas->RequestPicture(file, Canvas::Room::OfCanvas,
+                               again ? Canvas::Source::Afresh : Canvas::Source::ReadAhead);
+        return;
     }
-    const bool readerIsBroken = there && !source && kind->icon == nullptr && Picture::ReaderIsBroken();
-    canvas->Backdrop(source           ? ComposePreview(source)
-                     : readerIsBroken ? ComposeNotice("Pictures can’t be shown.")
-                                      : ComposeNotice(NoticeOf(*kind, *file)));
-    if (readerIsBroken) {
+    shownPath_ = path;
+    ShowPreview(there ? kind->icon() : Ref<Picture>(),
+                there ? PictureRefusal::None : PictureRefusal::Unreadable);
+}
+
+void aListWindow::TheCanvas_PictureReady(Canvas& canvas, const Ref<Picture>& picture,
+                                         PictureRefusal refusal) {
+    if (picture && !CanBeFitted(picture) && requested_) { // It is shown as it is.
+        canvas.RequestPicture(std::exchange(requested_, {}), Canvas::Room::Whole, Canvas::Source::ReadAhead);
+    } else {
+        ShowPreview(picture, refusal);
+    }
+}
+
+void aListWindow::TheCanvas_PictureLate(Canvas& canvas) {
+    canvas.Backdrop(ComposeNotice("Reading…"));
+}
+
+void aListWindow::ShowPreview(const Ref<Picture>& source, PictureRefusal refusal) {
+    TheCanvas()->Backdrop(source ? ComposePreview(source) : ComposeNotice(NoticeOf(shownKind_, refusal)));
+    ReadAhead();
+    if (refusal == PictureRefusal::ReaderIsBroken) {
         TellOfReaderOnce();
     }
 }
 
-Ref<Picture> aListWindow::OpenForPreview(const Ref<FolderItem>& file) {
-    const Ref<Canvas> canvas = TheCanvas();
-    const auto showProgress = [&](bool isLong) {
-        TheListBox()->Refresh(true);
-        EditPushButton()->Refresh(true);
-        if (isLong) {
-            canvas->Backdrop(ComposeNotice("Reading…"));
-            canvas->Refresh(true);
+void aListWindow::ReadAhead() {
+    const Ref<Listbox> list = TheListBox();
+    const std::int64_t row = list->ListIndex();
+    const std::int64_t step = row < std::exchange(lastRow_, row) ? -1 : 1;
+    std::vector<Ref<FolderItem>> files;
+    for (const std::int64_t next : {row + step, row + 2 * step, row - step}) {
+        if (next >= 0 && next <= list->LastIndex()) {
+            const std::string path = list->RowTag(next);
+            const MediaKind* const kind = KindOf(FileTypeOf(path.substr(path.rfind(':') + 1)));
+            if (kind != nullptr && kind->icon == nullptr) {
+                files.push_back(GetFolderItem(path, 0));
+            }
         }
-    };
-    const Ref<Picture> picture = Picture::Open(file, canvas->Width(), canvas->Height(), showProgress);
-    // One that can't be fitted is shown as it is.
-    return picture && !CanBeFitted(picture) ? Picture::Open(file, 0, 0, showProgress) : picture;
+    }
+    TheCanvas()->ReadAhead(files);
 }
 
 Ref<Picture> aListWindow::ComposeNotice(const std::string& text) {

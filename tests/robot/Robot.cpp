@@ -3,6 +3,7 @@
 #include "ClosedWidgets.h"
 #include "Listbox.h"
 #include "OpenWindows.h"
+#include "PictureService.h"
 #include "PlatformText.h"
 #include "ToolkitKey.h"
 
@@ -106,6 +107,9 @@ WindowFrame& FrameOf(const Ref<Window>& window) {
 
 void Settle() {
     QCoreApplication::processEvents();
+    if (!QTest::qWaitFor([] { return !PictureService::The().IsAwaited(); }, kLimit)) {
+        throw RobotFailure("A picture that was asked for never came.");
+    }
     DeleteClosedWidgets();
     QCoreApplication::processEvents();
     GiveKeyboardToSomebody();

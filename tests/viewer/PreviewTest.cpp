@@ -70,6 +70,23 @@ TEST(Preview, ShowsTheSelectedFileAndNothingOfTheLast) {
     }
 }
 
+TEST(Preview, ARowDoesNotWaitForItsPicture) {
+    const TestFolder folder{"a.mp3", "b.pdf"};
+    SetPictureProcessExecutable("/usr/bin/yes"); // which never answers
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    const QImage icon = Preview(album);
+    const auto look = [&] { return WidgetOf(album, "TheCanvas").grab().toImage(); };
+    album->TheListBox()->ListIndex(1);
+    EXPECT_EQ(album->EditPushButton()->Caption(), "Open PDF file  ⌘O");
+    WaitFor([&] { return look() != icon; }, "the preview says that it is being read");
+    album->TheListBox()->ListIndex(0);
+    EXPECT_EQ(Preview(album), icon);
+    album->TheListBox()->ListIndex(1);
+    album->Close(); // Nobody waits for the picture now.
+    SetPictureProcessExecutable("");
+}
+
 TEST(Preview, ShowsThePartOfAHugePictureThatFits) {
     const TestFolder folder;
     QImage wide(40000, 10, QImage::Format_RGB32);

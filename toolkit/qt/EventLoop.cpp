@@ -21,4 +21,16 @@ std::shared_ptr<void> WatchDescriptor(int descriptor, std::function<void()> read
     return notifier;
 }
 
+std::shared_ptr<void> CallAfter(std::chrono::milliseconds pause, std::function<void()> due) {
+    const auto letGo = [](QTimer* timer) { // which may be the one that calls just now
+        timer->stop();
+        timer->deleteLater();
+    };
+    const std::shared_ptr<QTimer> timer(new QTimer, letGo);
+    timer->setSingleShot(true);
+    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(due));
+    timer->start(pause);
+    return timer;
+}
+
 } // namespace folimark

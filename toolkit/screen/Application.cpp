@@ -4,6 +4,7 @@
 #include "EventLoop.h"
 #include "OpenWindows.h"
 #include "PictureProcess.h"
+#include "PictureService.h"
 #include "Resources.h"
 #include "ToolkitKey.h"
 #include "Window.h"
@@ -58,6 +59,7 @@ int RunApplication() {
     while (!OpenWindows().empty()) {
         OpenWindows().back()->TakeDown(kToolkit);
     }
+    PictureService::The().End();
     EndPictureProcess();
     return ExitStatus().value_or(0);
 }

@@ -3,9 +3,7 @@
 #include "FolderItem.h"
 #include "Graphics.h"
 #include "Object.h"
-#include "PictureRefusal.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -24,18 +22,11 @@ class Picture : public Object {
     explicit Picture(std::unique_ptr<NativePicture> native);
     ~Picture() override;
 
-    /// Reads an image file or the first page of a PDF file, in a process of its own. The room in logical
-    /// pixels that it is going to be drawn in may be told: then no more is decoded than that needs, while
-    /// Width and Height stay the picture's own. Nil if the file can't be read, is damaged beyond showing, or
-    /// takes more time or memory than a preview may; LastRefusal tells why then. `waits` is called once if it
-    /// takes more than a moment, with false, and once if it takes long, with true; no event comes meanwhile.
-    static Ref<Picture> Open(const Ref<FolderItem>& file, int roomWidth = 0, int roomHeight = 0,
-                             const std::function<void(bool isLong)>& waits = {});
-    static PictureRefusal LastRefusal();
-
-    /// After Open has given nil: is that no fault of the file, since the process that reads pictures is
-    /// missing or broken?
-    static bool ReaderIsBroken();
+    /// Reads an image file or the first page of a PDF file, in a process of its own, and waits for it. The
+    /// room in logical pixels that it is going to be drawn in may be told: then no more is decoded than that
+    /// needs, while Width and Height stay the picture's own. Nil if the file can't be read, is damaged beyond
+    /// showing, or takes more time or memory than a preview may. A Canvas reads without anybody waiting.
+    static Ref<Picture> Open(const Ref<FolderItem>& file, int roomWidth = 0, int roomHeight = 0);
 
     /// Reads a picture of the application's own resources by its file name, and the variant for sharp screens
     /// beside it ("Name@2x.png"). Nil if it can't be read.

@@ -65,6 +65,8 @@ class RectControl : public Object {
     virtual void MakeWidget(WindowFrame& frame) = 0;
     /// Gives the widget its place in the frame, and what else goes with the frame's measure.
     virtual void FitWidget(const WindowFrame& frame);
+    /// The window has closed, and the widget has gone.
+    virtual void WindowClosed() {}
     /// The widget behind the control, which may have gone.
     NativeControl& Native() const { return *native_; }
 

@@ -1,12 +1,31 @@
 #include "Canvas.h"
 
 #include "CanvasWidget.h"
+#include "EventLoop.h"
+#include "FileTypeRegistry.h"
 #include "NativeControl.h"
 #include "NativePicture.h"
+#include "PictureService.h"
 #include "ToolkitKey.h"
 #include "WindowFrame.h"
 
 namespace folimark {
+namespace {
+
+/// What comes sooner needs no word about it.
+constexpr std::chrono::milliseconds kPatience{200};
+
+PictureQuestion QuestionOf(const Ref<FolderItem>& file, int width, int height) {
+    std::string path = file->NativePath();
+    std::string type = FileTypeOf(path.substr(path.rfind('/') + 1)); // asks nothing of the system
+    return {std::move(path), std::move(type), InDevicePixels(width), InDevicePixels(height)};
+}
+
+} // namespace
+
+Canvas::~Canvas() {
+    ForgetPicture();
+}
 
 void Canvas::MakeWidget(WindowFrame& frame) {
     Native().widget = new CanvasWidget(frame.Content(), [this](int x, int y) {
@@ -26,6 +45,7 @@ void Canvas::FitWidget(const WindowFrame& frame) {
 
 void Canvas::Backdrop(Ref<Picture> picture) {
     backdrop_ = std::move(picture);
+    clearing_.reset();
     if (!backdrop_) {
         GoBlank(kToolkit);
     } else if (auto* widget = Native().As<CanvasWidget>()) {
@@ -34,9 +54,56 @@ void Canvas::Backdrop(Ref<Picture> picture) {
 }
 
 void Canvas::GoBlank(const ToolkitKey&) {
-    if (auto* widget = Native().As<CanvasWidget>()) {
-        widget->Show(QImage(), QSize());
+    clearing_ = CallAfter(backdrop_ ? kPatience : std::chrono::milliseconds(0), [this] {
+        if (auto* widget = Native().As<CanvasWidget>()) {
+            widget->Show(QImage(), QSize());
+        }
+    });
+}
+
+void Canvas::RequestPicture(const Ref<FolderItem>& file, Room room, Source source) {
+    ForgetPicture();
+    PictureService& service = PictureService::The();
+    const PictureQuestion question =
+        room == Room::Whole ? QuestionOf(file, 0, 0) : QuestionOf(file, Width(), Height());
+    if (source == Source::ReadAhead) {
+        if (const PictureReading* const reading = service.Find(question)) {
+            Answer(*reading);
+            return;
+        }
     }
+    service.Ask(this, question, [this](const PictureReading& reading) {
+        FromUser([&] {
+            patience_.reset();
+            Answer(reading);
+        });
+    });
+    patience_ = CallAfter(kPatience, [this] {
+        FromUser([this] {
+            if (const auto handler = PictureLate) {
+                handler(*this);
+            }
+        });
+    });
+}
+
+void Canvas::Answer(const PictureReading& reading) {
+    if (const auto handler = PictureReady) {
+        handler(*this, reading.picture ? MakePicture(*reading.picture) : Ref<Picture>(), reading.refusal);
+    }
+}
+
+void Canvas::ForgetPicture() {
+    patience_.reset();
+    PictureService::The().Forget(this);
+}
+
+void Canvas::ReadAhead(const std::vector<Ref<FolderItem>>& files) {
+    std::vector<PictureQuestion> questions;
+    for (const Ref<FolderItem>& file : files) {
+        questions.push_back(QuestionOf(file, Width(), Height()));
+    }
+    PictureService::The().ReadAhead(std::move(questions));
 }
 
 } // namespace folimark

@@ -30,6 +30,7 @@ void RectControl::Attach(Window& owner, std::string name, const Bounds& bounds) 
 void RectControl::Detach() {
     owner_ = nullptr;
     native_->widget = nullptr;
+    WindowClosed();
 }
 
 void RectControl::Height(int height) {

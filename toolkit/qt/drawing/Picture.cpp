@@ -15,11 +15,6 @@
 namespace folimark {
 namespace {
 
-/// Units as points of the sharpest screen, rounded up.
-int InDevicePixels(int units) {
-    return static_cast<int>(std::ceil(units * qGuiApp->devicePixelRatio() * RowHeight() / kUnitsPerRow));
-}
-
 Ref<Picture> MakePicture(const QImage& image, int width, int height) {
     return New<Picture>(std::make_unique<NativePicture>(NativePicture{image, width, height}));
 }
@@ -30,6 +25,24 @@ QImage ReadResource(const std::string& fileName) {
 }
 
 } // namespace
+
+int InDevicePixels(int units) {
+    return static_cast<int>(std::ceil(units * qGuiApp->devicePixelRatio() * RowHeight() / kUnitsPerRow));
+}
+
+Ref<Picture> MakePicture(const DecodedPicture& decoded) {
+    // The image shows the shared memory itself, and keeps it for as long as it lives.
+    auto* owner = new std::shared_ptr<const std::uint32_t>(decoded.pixels);
+    const auto letGo = [](void* kept) { delete static_cast<std::shared_ptr<const std::uint32_t>*>(kept); };
+    const QImage image(reinterpret_cast<const uchar*>(owner->get()), decoded.width, decoded.height,
+                       static_cast<qsizetype>(decoded.width) * qsizetype{sizeof(std::uint32_t)},
+                       QImage::Format_ARGB32_Premultiplied, letGo, owner);
+    if (image.isNull()) { // it hasn't taken the pixels over then
+        letGo(owner);
+        return {};
+    }
+    return MakePicture(image, decoded.pictureWidth, decoded.pictureHeight);
+}
 
 Picture::Picture(int width, int height, int /*depth*/)
     : native_(std::make_shared<NativePicture>(NativePicture{
@@ -42,32 +55,10 @@ Picture::Picture(std::unique_ptr<NativePicture> native) : native_(std::move(nati
 
 Picture::~Picture() = default;
 
-PictureRefusal Picture::LastRefusal() {
-    return folimark::LastRefusal();
-}
-
-Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight,
-                           const std::function<void(bool isLong)>& waits) {
-    const std::optional<DecodedPicture> decoded = ReadPicture(
-        file->NativePath(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight), waits);
-    if (!decoded) {
-        return {};
-    }
-    // The image shows the shared memory itself, and keeps it for as long as it lives.
-    auto* owner = new std::shared_ptr<const std::uint32_t>(decoded->pixels);
-    const auto letGo = [](void* kept) { delete static_cast<std::shared_ptr<const std::uint32_t>*>(kept); };
-    const QImage image(reinterpret_cast<const uchar*>(owner->get()), decoded->width, decoded->height,
-                       static_cast<qsizetype>(decoded->width) * qsizetype{sizeof(std::uint32_t)},
-                       QImage::Format_ARGB32_Premultiplied, letGo, owner);
-    if (image.isNull()) { // it hasn't taken the pixels over then
-        letGo(owner);
-        return {};
-    }
-    return MakePicture(image, decoded->pictureWidth, decoded->pictureHeight);
-}
-
-bool Picture::ReaderIsBroken() {
-    return PictureProcessIsBroken();
+Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight) {
+    const std::optional<DecodedPicture> decoded =
+        ReadPicture(file->NativePath(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight));
+    return decoded ? MakePicture(*decoded) : Ref<Picture>();
 }
 
 Ref<Picture> Picture::FromResource(const std::string& fileName) {
