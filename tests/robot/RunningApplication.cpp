@@ -6,6 +6,7 @@
 #include "DefaultMenuBar.h"
 #include "EventGate.h"
 #include "GlobalData.h"
+#include "PictureService.h"
 #include "OpenWindows.h"
 #include "Start.h"
 #include "Yield.h"
@@ -48,6 +49,7 @@ void CloseAll() {
     QTimer::singleShot(0, [] { QApplication::exit(); });
     QApplication::exec();
     Settle();
+    PictureService::The().End();
     Reset();
     RegisterApplication({});
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -14,9 +15,12 @@ namespace {
 /// More would take the processor from the one that is wanted.
 constexpr int kThreads = 2;
 
+/// A thread that takes longer to leave waits for a file on a mount that doesn't answer.
+constexpr std::chrono::milliseconds kFarewell{500};
+
 } // namespace
 
-/// Nobody waits for anything else with the lock held.
+/// Nobody waits with the lock held but for a condition, which lets go of it.
 struct PictureQueue::State {
     struct Desk {
         PictureReader reader;
@@ -31,6 +35,8 @@ struct PictureQueue::State {
     std::array<Desk, kThreads> desks;
     std::vector<Answer> answers;
     bool ending = false;
+    int serving = kThreads;       ///< threads that haven't left
+    std::condition_variable left; ///< one of them has
     Descriptor answered{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
 
     bool IsIdle() const {
@@ -74,6 +80,8 @@ struct PictureQueue::State {
             work.notify_all(); // What may be read ahead has waited for this.
         }
         desk.reader.End();
+        --serving;
+        left.notify_all();
     }
 };
 
@@ -85,12 +93,14 @@ PictureQueue::PictureQueue() : state_(std::make_shared<State>()) {
 }
 
 PictureQueue::~PictureQueue() {
-    const std::lock_guard held(state_->lock);
+    std::unique_lock held(state_->lock);
     state_->ending = true;
     for (State::Desk& desk : state_->desks) {
         desk.reader.BreakOff();
     }
     state_->work.notify_all();
+    // So that no picture process outlives ours, which may be about to end.
+    state_->left.wait_for(held, kFarewell, [this] { return state_->serving == 0; });
 }
 
 void PictureQueue::Want(const PictureQuestion& question) {

@@ -20,6 +20,7 @@ class PictureQueue {
     PictureQueue();
     PictureQueue(const PictureQueue&) = delete;
     PictureQueue& operator=(const PictureQueue&) = delete;
+    /// Ends the picture processes.
     ~PictureQueue();
 
     void Want(const PictureQuestion& question);
