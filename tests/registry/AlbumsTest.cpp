@@ -157,6 +157,32 @@ TEST(Albums, OpenAlbumsCascadeInTheOrderOfTheirRows) {
     EXPECT_TRUE(std::filesystem::exists(folder.Path("B/a.jpg")));
 }
 
+TEST(Albums, CommandsLeaveRowsAloneThatAreInUse) {
+    const TestFolder folder{"A/a.jpg", "B/a.jpg"};
+    const RunningApplication application;
+    const Ref<aCatalogsWindow> albums = application.Albums();
+    application.AddAlbum(folder.Path("A"));
+    application.AddAndOpenAlbum(folder.Path("B"));
+    ClickRow(albums, 0);
+    {
+        const DuringYield alignment(
+            [&] {
+                Click(albums, "Trash Album");
+                DoubleClickRow(albums, 0);
+                CloseByFrame(albums);
+            },
+            [&] { return albums->StaggerCatalogsButton->Pushed(); });
+        Click(albums, "Align Albums");
+    }
+    EXPECT_EQ(application.Labels(), "A, B*");
+    ASSERT_GT(albums->ControlCount(), 0);
+    const Answers answers{{kFolderDialog, folder.Path("A")},
+                          {"The album “A” has already been cteated.", "OK"}};
+    const DuringYield search([&] { Click(albums, "Create Album"); },
+                             [&] { return albums->AddCatalogButton->Pushed(); });
+    Click(albums, "Create Album");
+}
+
 TEST(Albums, AnAlbumThatIsGoneOrEmptyLeavesTheList) {
     const TestFolder folder{"A/a.jpg", "B/a.jpg", "C/a.jpg"};
     const RunningApplication application;

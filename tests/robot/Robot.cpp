@@ -250,6 +250,10 @@ QWidget& WidgetOf(const Ref<Window>& window, const std::string& control) {
     return *widget;
 }
 
+QRgb ColorAt(const QImage& picture, int x, int y) {
+    return picture.pixel((QPointF(x, y) * picture.devicePixelRatio()).toPoint()) | 0xFF000000;
+}
+
 QImage PictureOf(const Ref<Window>& window) {
     Settle();
     return FrameOf(window).grab().toImage();

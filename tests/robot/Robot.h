@@ -21,8 +21,9 @@ class RobotFailure : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Brings the toolkit up on a screen of 1920 by 1080 pixels, at the first call in a process. `argument0` is
-/// the executable's own path.
+/// Brings the toolkit up on a screen of 1920 by 1080 pixels, or on one of 1280 by 720 with two device pixels
+/// to a logical one if the environment asks for it (FOLIMARK_TEST_SCREEN=small), at the first call in a
+/// process. `argument0` is the executable's own path.
 void StartRobot(char* argument0);
 
 /// What happens with failures that come where nobody could catch them: in the events of a dialog. The
@@ -72,6 +73,8 @@ QImage PictureOfMenu(const std::string& menu);
 WindowFrame& FrameOf(const Ref<Window>& window);
 /// The widget of a control, for its looks. Nothing is done to it here.
 QWidget& WidgetOf(const Ref<Window>& window, const std::string& control);
+/// The colour (opaque) of a picture of a widget at a place in logical pixels.
+QRgb ColorAt(const QImage& picture, int x, int y);
 /// The whole window, as it looks.
 QImage PictureOf(const Ref<Window>& window);
 

@@ -19,11 +19,16 @@ const char* __lsan_default_suppressions() {
 namespace folimark::test {
 namespace {
 
-// The main screen, and two small ones below it.
-constexpr const char* kScreens = R"({"screens": [
-    {"name": "robot", "x": 0, "y": 0, "width": 1920, "height": 1080, "dpr": 1},
-    {"name": "small", "x": 0, "y": 1200, "width": 1280, "height": 720, "dpr": 1},
-    {"name": "laptop", "x": 0, "y": 2000, "width": 1366, "height": 768, "dpr": 1}]})";
+/// The main screen, and two small ones below it. FOLIMARK_TEST_SCREEN=small makes the main one small, too,
+/// and sharp.
+QByteArray Screens() {
+    const bool isSmall = qgetenv("FOLIMARK_TEST_SCREEN") == "small";
+    return QByteArray(R"({"screens": [{"name": "robot", "x": 0, "y": 0, )")
+           + (isSmall ? R"("width": 1280, "height": 720, "dpr": 2},)"
+                      : R"("width": 1920, "height": 1080, "dpr": 1},)")
+           + R"({"name": "small", "x": 0, "y": 1200, "width": 1280, "height": 720, "dpr": 1},
+                {"name": "laptop", "x": 0, "y": 2000, "width": 1366, "height": 768, "dpr": 1}]})";
+}
 
 std::vector<QPointer<QWidget>> fronts; // the windows that had the keyboard, the last one at the end
 
@@ -60,7 +65,7 @@ void StartRobot(char* argument0) {
     });
     const QTemporaryDir folder;
     QFile screen(folder.filePath(QStringLiteral("screen.json")));
-    if (!screen.open(QIODevice::WriteOnly) || screen.write(kScreens) < 0) {
+    if (!screen.open(QIODevice::WriteOnly) || screen.write(Screens()) < 0) {
         throw RobotFailure("The screen can't be set up.");
     }
     screen.close();

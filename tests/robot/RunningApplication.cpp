@@ -37,6 +37,13 @@ void Reset() {
     SetLaunchHandler([](const std::string& path) { launched.push_back(path); });
 }
 
+/// The window of an album whose scan is under way.
+Ref<aListWindow> AlbumBeingRead() {
+    const Ref<Window> last = OpenWindows().empty() ? Ref<Window>() : OpenWindows().back();
+    const Ref<aListWindow> album = last.As<aListWindow>();
+    return album && album->Title().empty() ? album : Ref<aListWindow>();
+}
+
 void CloseAll() {
     while (!OpenWindows().empty()) {
         try {
@@ -104,28 +111,28 @@ int RunToEnd(const std::function<void()>& script) {
     return status;
 }
 
-DuringScan::DuringScan(std::function<void(const Ref<aListWindow>&)> action) : action_(std::move(action)) {
-    handler_ = SetYieldHandler([this] { Yield(); });
-}
+DuringYield::DuringYield(std::function<void()> action, std::function<bool()> when)
+    : action_(std::move(action)), when_(std::move(when)), handler_(SetYieldHandler([this] { Yield(); })) {}
 
-DuringScan::~DuringScan() {
+DuringYield::~DuringYield() {
     if (action_) {
         SetYieldHandler(handler_);
-        ReportFailure("No scan has yielded.");
+        ReportFailure("No such yield has come.");
     }
 }
 
-void DuringScan::Yield() {
-    const Ref<Window> last = OpenWindows().empty() ? Ref<Window>() : OpenWindows().back();
-    const Ref<aListWindow> album = last.As<aListWindow>();
-    if (album && album->Title().empty()) {
+void DuringYield::Yield() {
+    if (when_()) {
         SetYieldHandler(handler_);
-        std::exchange(action_, nullptr)(album);
+        std::exchange(action_, nullptr)();
     } else {
         SetYieldHandler([this] { Yield(); }); // No yield is left out meanwhile.
     }
     handler_();
 }
+
+DuringScan::DuringScan(const std::function<void(const Ref<aListWindow>&)>& action)
+    : DuringYield([action] { action(AlbumBeingRead()); }, [] { return bool{AlbumBeingRead()}; }) {}
 
 Ref<aCatalogsWindow> RunningApplication::Albums() const {
     return GlobalData::CatalogsWindow.As<aCatalogsWindow>();

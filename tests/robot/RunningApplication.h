@@ -39,20 +39,28 @@ class RunningApplication {
 /// when the Albums window is up. \returns the exit status.
 int RunToEnd(const std::function<void()>& script);
 
-/// Calls `action` once, in the first yield of an album's scan. If none comes while this object lives, that is
-/// a failure.
-class DuringScan {
+/// Calls `action` once, in the next yield in which `when` holds; no yield is left out meanwhile. If none
+/// comes while this object lives, that is a failure.
+class DuringYield {
   public:
-    explicit DuringScan(std::function<void(const Ref<aListWindow>&)> action);
-    DuringScan(const DuringScan&) = delete;
-    DuringScan& operator=(const DuringScan&) = delete;
-    ~DuringScan();
+    explicit DuringYield(
+        std::function<void()> action, std::function<bool()> when = [] { return true; });
+    DuringYield(const DuringYield&) = delete;
+    DuringYield& operator=(const DuringYield&) = delete;
+    ~DuringYield();
 
   private:
     void Yield();
 
-    std::function<void(const Ref<aListWindow>&)> action_;
+    std::function<void()> action_;
+    std::function<bool()> when_;
     std::function<void()> handler_;
+};
+
+/// The same in the next yield of an album's scan.
+class DuringScan : public DuringYield {
+  public:
+    explicit DuringScan(const std::function<void(const Ref<aListWindow>&)>& action);
 };
 
 /// The first cells of all rows, joined by ", ".

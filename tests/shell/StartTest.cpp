@@ -1,5 +1,6 @@
 #include "Answers.h"
 #include "Application.h"
+#include "EventGate.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 #include "Yield.h"
@@ -14,6 +15,10 @@ void OpenNothing(Listbox& /*list*/) {
 }
 
 namespace {
+
+void RaiseForeign(Listbox& /*list*/) {
+    throw std::runtime_error("none of ours");
+}
 
 void ListOneAlbum(const TestFolder& folder) {
     RunningApplication::WriteListFile(folder.Item()->AbsolutePath() + "\n");
@@ -62,15 +67,20 @@ TEST(Start, AnExceptionInAHandlerIsShownOnceAndEndsTheApplication) {
     const TestFolder folder{"a.jpg"};
     ListOneAlbum(folder);
     std::vector<std::string> shown;
-    Answers::Look = [&](QWidget& dialog) { shown.push_back(TextOf(dialog)); };
-    const Answers answers{{"NilObjectException\n\n…", "OK"}};
-    const int status = RunToEnd([] {
-        Albums()->TheListBox()->DoubleClick = OpenNothing;
-        DoubleClickRow(Albums(), 0);
-    });
+    Answers::Look = [&](QWidget& dialog) {
+        shown.push_back(TextOf(dialog));
+        EnterApplication([] { ADD_FAILURE() << "An event has entered."; });
+    };
+    const Answers answers{{"NilObjectException\n\n…", "OK"}, {"runtime_error\n\n…", "OK"}};
+    for (void (*handler)(Listbox&) : {OpenNothing, RaiseForeign}) {
+        EXPECT_EQ(RunToEnd([handler] {
+                      Albums()->TheListBox()->DoubleClick = handler;
+                      DoubleClickRow(Albums(), 0);
+                  }),
+                  1);
+    }
     Answers::Look = nullptr;
-    EXPECT_EQ(status, 1);
-    ASSERT_EQ(shown.size(), 1U);
+    ASSERT_EQ(shown.size(), 2U);
     const std::string::size_type stack = shown.front().find("\n\n") + 2;
     const std::string::size_type name = shown.front().find("folimark::test::OpenNothing(folimark::Listbox&)");
     ASSERT_NE(name, std::string::npos) << shown.front();

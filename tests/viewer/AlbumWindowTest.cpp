@@ -95,7 +95,7 @@ TEST(AlbumWindow, HandsTakeTurnsEvery64Rows) {
 TEST(AlbumWindow, KeysAndHeadingsMoveInTheList) {
     const TestFolder folder{"apple.mp3", "apricot.mp3", "banana.mp3", "Birne.mp3", "cherry.mp3"};
     for (int i = 0; i < 95; ++i) {
-        folder.Write("z" + std::to_string(1000 + i) + ".mp3", "");
+        folder.Write(std::string(1, 'z').append(std::to_string(1000 + i)).append(".mp3"), "");
     }
     const RunningApplication application;
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());

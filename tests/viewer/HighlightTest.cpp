@@ -123,13 +123,13 @@ TEST(Highlight, MarksOnTheScrollBarLeadToTheirRows) {
     auto& bar = *dynamic_cast<QTableView&>(WidgetOf(album, "TheListBox")).verticalScrollBar();
     const QImage picture = bar.grab().toImage();
     int mark = bar.height() - 1;
-    while (mark > 0 && (picture.pixel(bar.width() / 2, mark) & 0xFFFFFF) != Look::kHighlightedRow) {
+    while (mark > 0 && (ColorAt(picture, bar.width() / 2, mark) & 0xFFFFFF) != Look::kHighlightedRow) {
         --mark;
     }
     ClickAt(bar, QPoint(bar.width() / 2, mark));
     EXPECT_EQ(album->TheListBox()->ListIndex(), 200);
     Choose("Edit", "Remove Highlighting");
-    EXPECT_NE(bar.grab().toImage().pixel(bar.width() / 2, mark), picture.pixel(bar.width() / 2, mark));
+    EXPECT_NE(ColorAt(bar.grab().toImage(), bar.width() / 2, mark), ColorAt(picture, bar.width() / 2, mark));
 }
 
 TEST(Highlight, TheDialogKeepsTheLastAcceptedSearch) {

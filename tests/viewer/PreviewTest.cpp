@@ -42,6 +42,21 @@ QImage Preview(const Ref<aListWindow>& album) {
     return WidgetOf(album, "TheCanvas").grab().toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
+TEST(Preview, IsAsSharpAsTheScreen) {
+    const TestFolder folder;
+    QImage stripes(600, 600, QImage::Format_RGB32);
+    for (int x = 0; x < 600; ++x) {
+        for (int y = 0; y < 600; ++y) {
+            stripes.setPixel(x, y, x % 2 == 0 ? 0x000000 : 0xFFFFFF);
+        }
+    }
+    ASSERT_TRUE(stripes.save(QString::fromStdString(folder.Path("stripes.png"))));
+    const RunningApplication application;
+    const QImage preview = Preview(application.AddAndOpenAlbum(folder.Path()));
+    const int step = qGray(preview.pixel(101, 200)) - qGray(preview.pixel(100, 200));
+    EXPECT_EQ(step > 200, preview.devicePixelRatio() == 2) << step;
+}
+
 TEST(Preview, ShowsTheSelectedFileAndNothingOfTheLast) {
     const TestFolder folder{"b broken.jpg", "d film.mp4", "e sound.wav"};
     QImage red(100, 50, QImage::Format_RGB32);
@@ -51,9 +66,9 @@ TEST(Preview, ShowsTheSelectedFileAndNothingOfTheLast) {
     const RunningApplication application;
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
     const QImage first = Preview(album);
-    EXPECT_EQ(first.pixel(150, 140), kTint); // it stands on the lower edge
-    EXPECT_EQ(first.pixel(10, 160), QColor(Qt::red).rgba());
-    EXPECT_EQ(first.pixel(290, 290), QColor(Qt::red).rgba());
+    EXPECT_EQ(ColorAt(first, 150, 140), kTint); // it stands on the lower edge
+    EXPECT_EQ(ColorAt(first, 10, 160), QColor(Qt::red).rgba());
+    EXPECT_EQ(ColorAt(first, 290, 290), QColor(Qt::red).rgba());
     EXPECT_EQ(album->EditPushButton()->Caption(), "Open Image File  ⌘O");
     const char* captions[] = {"Open Image File  ⌘O", "Open PDF file  ⌘O", "Open Video File  ⌘O",
                               "Open Audio File  ⌘O"};
@@ -95,8 +110,8 @@ TEST(Preview, ShowsThePartOfAHugePictureThatFits) {
     ASSERT_TRUE(wide.save(QString::fromStdString(folder.Path("wide.png"))));
     const RunningApplication application;
     const QImage preview = Preview(application.AddAndOpenAlbum(folder.Path()));
-    EXPECT_EQ(preview.pixel(99, 5), QColor(Qt::red).rgba());
-    EXPECT_EQ(preview.pixel(100, 5), QColor(Qt::black).rgba());
+    EXPECT_EQ(ColorAt(preview, 97, 5), QColor(Qt::red).rgba());
+    EXPECT_EQ(ColorAt(preview, 102, 5), QColor(Qt::black).rgba());
 }
 
 TEST(Preview, AMissingReaderIsToldOnce) {

@@ -24,8 +24,8 @@ QImage ListOf(const Ref<Window>& window) {
     return list.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-Color ColorAt(const QImage& list, int x, int row) {
-    return list.pixel(x, row * Listbox::kRowHeight + Listbox::kRowHeight / 2) & 0xFFFFFF;
+Color RowColor(const QImage& list, int x, int row) {
+    return ColorAt(list, x, row * Listbox::kRowHeight + Listbox::kRowHeight / 2) & 0xFFFFFF;
 }
 
 TEST(Listbox, RowsAreStripedBehindTheLastToo) {
@@ -35,12 +35,13 @@ TEST(Listbox, RowsAreStripedBehindTheLastToo) {
     album->Highlighted.Set(2, true);
     for (const Ref<Window>& window : {Ref<Window>(application.Albums()), Ref<Window>(album)}) {
         const QImage list = ListOf(window);
-        const int rows = list.height() / Listbox::kRowHeight;
+        const QSize size = list.deviceIndependentSize().toSize();
+        const int rows = size.height() / Listbox::kRowHeight;
         ASSERT_GT(rows, 10);
         for (int row = 1; row < rows; ++row) {
             const bool marked = row == 2 && window == album;
-            for (const int x : {list.width() / 2, list.width() - 1}) {
-                EXPECT_EQ(ColorAt(list, x, row), marked ? Look::kHighlightedRow : Look::Stripe(row)) << row;
+            for (const int x : {size.width() / 2, size.width() - 1}) {
+                EXPECT_EQ(RowColor(list, x, row), marked ? Look::kHighlightedRow : Look::Stripe(row)) << row;
             }
         }
     }
@@ -83,8 +84,8 @@ TEST(Listbox, HeadingsCanBeRead) {
     for (int column = 0; column < headings.count(); ++column) {
         int ink = 0;
         for (int x = headings.sectionPosition(column); x < headings.sectionPosition(column) + 70; ++x) {
-            for (int y = 0; y < picture.height(); ++y) {
-                ink += picture.pixelColor(x, y).lightness() < 64 ? 1 : 0;
+            for (int y = 0; y < headings.height(); ++y) {
+                ink += qGray(ColorAt(picture, x, y)) < 64 ? 1 : 0;
             }
         }
         EXPECT_GT(ink, 10) << column;
@@ -102,9 +103,10 @@ TEST(Listbox, TheSelectedRowCanBeSeenInFrontAndBehind) {
         for (const bool marked : {false, true}) {
             album->Highlighted.Set(0, marked);
             const QImage list = ListOf(album);
-            EXPECT_NE(ColorAt(list, list.width() / 2, 0), Look::Stripe(0)) << "The selection can't be seen.";
+            EXPECT_NE(RowColor(list, list.deviceIndependentSize().toSize().width() / 2, 0), Look::Stripe(0))
+                << "The selection can't be seen.";
             // The row's own colour is still to be seen.
-            EXPECT_EQ(ColorAt(list, 1, 0), marked ? Look::kHighlightedRow : Look::Stripe(0));
+            EXPECT_EQ(RowColor(list, 1, 0), marked ? Look::kHighlightedRow : Look::Stripe(0));
         }
     }
 }

