@@ -11,13 +11,16 @@ if(FOLIMARK_SANITIZE)
   target_link_options(folimark_options INTERFACE -fsanitize=${FOLIMARK_SANITIZE})
 endif()
 
-# folimark_library(NAME DIRECTORIES dir... SOURCES file... LINKS library... [PRIVATE_LINKS library...])
+# folimark_library(NAME DIRECTORIES dir... LINKS library... [PRIVATE_LINKS library...] [EXCEPT file...])
 #
-# A static library. Its DIRECTORIES are what others may include from; since a library sees only the folders of
-# what it links, an include that points upwards doesn't build.
+# A static library of all the sources that lie in its DIRECTORIES, but for the EXCEPTed. The directories are what others
+# may include from; since a library sees only the folders of what it links, an include that points upwards doesn't build.
 function(folimark_library NAME)
-  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "DIRECTORIES;SOURCES;LINKS;PRIVATE_LINKS")
-  add_library(${NAME} STATIC ${ARG_SOURCES})
+  cmake_parse_arguments(PARSE_ARGV 1 ARG "" "" "DIRECTORIES;LINKS;PRIVATE_LINKS;EXCEPT")
+  list(TRANSFORM ARG_DIRECTORIES APPEND "/*.cpp" OUTPUT_VARIABLE patterns)
+  file(GLOB sources CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${patterns})
+  list(REMOVE_ITEM sources "" ${ARG_EXCEPT})
+  add_library(${NAME} STATIC ${sources})
   target_include_directories(${NAME} PUBLIC ${ARG_DIRECTORIES})
   target_link_libraries(${NAME} PUBLIC ${ARG_LINKS} PRIVATE folimark_options ${ARG_PRIVATE_LINKS})
 endfunction()
