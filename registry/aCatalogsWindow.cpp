@@ -48,7 +48,6 @@ constexpr ControlRow kControls[] = {
      .tabIndex = 11,
      .helpTag = kListHelp,
      .accessibleName = "Albums",
-     .initialValue = " ",
      .horizontalScrollBar = true,
      .useFocusRing = true},
 };
@@ -69,6 +68,7 @@ void aCatalogsWindow::CreateControls() {
 
 void aCatalogsWindow::_CreateControls0() {
     BuildControls(*this, kControls);
+    TheListBox()->AddRow({" "}); // until the albums are read
     TheListBox()->CellBackgroundPaint = [this](Listbox& list, class Graphics& g, std::int64_t row,
                                                int column) {
         return TheListBox_CellBackgroundPaint(list, g, row, column);

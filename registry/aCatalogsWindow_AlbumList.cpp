@@ -6,10 +6,6 @@
 
 namespace folimark {
 
-Ref<FolderItem> AlbumListFile() {
-    return SpecialFolder::Preferences()->Child("Folimark.Preferences");
-}
-
 void aCatalogsWindow::Event_Activate() {
     if (Opened) {
         Opened = false;

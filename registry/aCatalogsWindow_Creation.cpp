@@ -45,7 +45,7 @@ void aCatalogsWindow::CreateCatalogFrom(const Ref<FolderItem>& chosen) {
     AnyPictures = false;
     const std::string unread = LookForAnyPicturesIn(folder);
     if (!AnyPictures) {
-        GlobalData::MessageBox1(3, "OK",
+        GlobalData::MessageBox1(GlobalData::MessageKind::Caution, "OK",
                                 unread.empty() ? "This folder does not contain any media files."
                                                : "This folder could not be read: “" + unread + "”.",
                                 "Please choose another folder.");
@@ -71,10 +71,12 @@ void aCatalogsWindow::AddCatalogFolder(const Ref<FolderItem>& folder) {
         }
     }
     if (existing) {
-        GlobalData::MessageBox1(1, "OK", "The album “" + *existing + "” has already been cteated.", "");
+        GlobalData::MessageBox1(GlobalData::MessageKind::Note, "OK",
+                                "The album “" + *existing + "” has already been cteated.", "");
         return;
     }
-    GlobalData::MessageBox1(1, "OK", "The album “" + MakeCatalogLabel(path) + "” has been created.", "");
+    GlobalData::MessageBox1(GlobalData::MessageKind::Note, "OK",
+                            "The album “" + MakeCatalogLabel(path) + "” has been created.", "");
     EnableCatalogButtons();
 }
 

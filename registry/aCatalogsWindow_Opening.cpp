@@ -81,7 +81,7 @@ bool aCatalogsWindow::TellOfFolder(const Ref<aListWindow>& window, const Ref<Fol
     if (away || (empty && !window->UnreadFolder.empty())) {
         window->Close();
         GlobalData::MessageBox1(
-            3, "OK",
+            GlobalData::MessageKind::Caution, "OK",
             "This folder could not be read: “" + (away ? folder->NativePath() : window->UnreadFolder) + "”.",
             away ? "It may lie on a disk that isn’t connected. The album stays in the list."
                  : "The album stays in the list.");
@@ -106,7 +106,8 @@ void aCatalogsWindow::RemoveFailedCatalog(const Ref<aListWindow>& window) {
     }
     TheListBox()->ListIndex(row);
     GlobalData::MessageBox1(
-        3, "OK", "This album no longer exists, or the folder which it references has been moved or renamed.",
+        GlobalData::MessageKind::Caution, "OK",
+        "This album no longer exists, or the folder which it references has been moved or renamed.",
         "The album will be removed from the list.");
     CatalogWindows.Remove(row);
     TheListBox()->RemoveRow(row);
@@ -175,7 +176,8 @@ void aCatalogsWindow::zStaggerCatalogs() {
     }
     if (!CanPlaceWindows() && !toldOfPlaces_) {
         toldOfPlaces_ = true;
-        GlobalData::MessageBox1(1, "OK", "The albums’ windows can’t be aligned in this session.",
+        GlobalData::MessageBox1(GlobalData::MessageKind::Note, "OK",
+                                "The albums’ windows can’t be aligned in this session.",
                                 "Under Wayland, only the desktop itself places windows. In an X11 session "
                                 "Folimark can align them.");
     }

@@ -12,9 +12,9 @@ void aCatalogsWindow::zDeleteCatalog() {
     // The row that the question names is the one that goes.
     const std::int64_t row = list->ListIndex();
     const std::string label = list->Cell(row, 0);
-    GlobalData::MessageBox2(4, "Trash", "Cancel", "Trash the “" + label + "” album?",
-                            "Press Trash to trash the “" + label
-                                + "” album. The media files it contains will not be trashed.");
+    GlobalData::MessageBox2(
+        GlobalData::MessageKind::Question, "Trash", "Cancel", "Trash the “" + label + "” album?",
+        "Press Trash to trash the “" + label + "” album. The media files it contains will not be trashed.");
     if (GlobalData::CancelButtonPressed) {
         return;
     }

@@ -27,11 +27,14 @@ inline std::int64_t HighlightType = kFirstAlone;
 /// Was the last highlight dialog left with OK?
 inline bool HighlightOK = false;
 
-/// Shows a notice with one button and waits for it. Kinds: 0 shows no icon, 1 a note's, 2 to 4 a caution's.
-void MessageBox1(std::int64_t kind, const std::string& actionCaption, const std::string& message,
+/// What a message is. All but the first two bear the icon of a caution.
+enum class MessageKind : std::uint8_t { Plain = 0, Note = 1, Warning = 2, Caution = 3, Question = 4 };
+
+/// Shows a notice with one button and waits for it.
+void MessageBox1(MessageKind kind, const std::string& actionCaption, const std::string& message,
                  const std::string& explanation);
 /// Shows a question with two buttons and waits for one; CancelButtonPressed then tells which.
-void MessageBox2(std::int64_t kind, const std::string& actionCaption, const std::string& cancelCaption,
+void MessageBox2(MessageKind kind, const std::string& actionCaption, const std::string& cancelCaption,
                  const std::string& message, const std::string& explanation);
 /// Opens the help page in the default application for web pages, or says that it is missing.
 void LaunchHelpSheet();

@@ -6,24 +6,12 @@ namespace folimark::GlobalData {
 namespace {
 
 /// A sheet with its icon, its action button and its texts.
-Ref<MessageDialog> MakeSheet(std::int64_t kind, const std::string& actionCaption, const std::string& message,
+Ref<MessageDialog> MakeSheet(MessageKind kind, const std::string& actionCaption, const std::string& message,
                              const std::string& explanation) {
     Ref<MessageDialog> sheet = New<MessageDialog>();
-    switch (kind) {
-    case 0:
-        sheet->Icon(MessageDialog::kNoIcon);
-        break;
-    case 1:
-        sheet->Icon(MessageDialog::kNoteIcon);
-        break;
-    case 2:
-    case 3:
-    case 4:
-        sheet->Icon(MessageDialog::kCautionIcon);
-        break;
-    default:
-        break;
-    }
+    sheet->Icon(kind == MessageKind::Plain  ? DialogIcon::None
+                : kind == MessageKind::Note ? DialogIcon::Note
+                                            : DialogIcon::Caution);
     sheet->ActionButton()->Caption(actionCaption);
     sheet->AlternateActionButton()->Visible(false);
     sheet->Message(message);
@@ -33,7 +21,7 @@ Ref<MessageDialog> MakeSheet(std::int64_t kind, const std::string& actionCaption
 
 } // namespace
 
-void MessageBox1(std::int64_t kind, const std::string& actionCaption, const std::string& message,
+void MessageBox1(MessageKind kind, const std::string& actionCaption, const std::string& message,
                  const std::string& explanation) {
     const Ref<MessageDialog> sheet = MakeSheet(kind, actionCaption, message, explanation);
     sheet->CancelButton()->Visible(false);
@@ -41,16 +29,13 @@ void MessageBox1(std::int64_t kind, const std::string& actionCaption, const std:
     CancelButtonPressed = false;
 }
 
-void MessageBox2(std::int64_t kind, const std::string& actionCaption, const std::string& cancelCaption,
+void MessageBox2(MessageKind kind, const std::string& actionCaption, const std::string& cancelCaption,
                  const std::string& message, const std::string& explanation) {
     const Ref<MessageDialog> sheet = MakeSheet(kind, actionCaption, message, explanation);
     sheet->CancelButton()->Visible(true);
     sheet->CancelButton()->Caption(cancelCaption);
     const Ref<MessageDialogButton> pressed = sheet->ShowModal();
-    CancelButtonPressed = false;
-    if (pressed == sheet->CancelButton()) {
-        CancelButtonPressed = true;
-    }
+    CancelButtonPressed = pressed == sheet->CancelButton();
 }
 
 void LaunchHelpSheet() {
@@ -58,7 +43,8 @@ void LaunchHelpSheet() {
     const Ref<FolderItem> contents = executable->Parent()->Parent();
     const Ref<FolderItem> page = contents->Child("Resources")->Child("HelpSheet.html");
     if (!page || !page->Exists()) {
-        MessageBox1(3, "OK", "The help resource is missing.", "Please add HelpSheet to Folimark resources.");
+        MessageBox1(MessageKind::Caution, "OK", "The help resource is missing.",
+                    "Please add HelpSheet to Folimark resources.");
         return;
     }
     page->Launch(true);

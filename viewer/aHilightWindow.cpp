@@ -104,7 +104,8 @@ void aHilightWindow::OKPushButton_Action(PushButton& /*button*/) {
     if (PhraseTextField()->Text().empty()) {
         GlobalData::HighlightType = GlobalData::kFirstAlone;
         GlobalData::HighlightPhrase2 = "";
-        GlobalData::MessageBox1(3, "OK", "No phrase has been entered", "Enter a phrase or click Cancel");
+        GlobalData::MessageBox1(GlobalData::MessageKind::Caution, "OK", "No phrase has been entered",
+                                "Enter a phrase or click Cancel");
         return;
     }
     GlobalData::HighlightPhrase1 = PhraseTextField()->Text();

@@ -42,10 +42,6 @@ constexpr ControlRow kControls[] = {
      .bounds = {20, 52, 1110, 530},
      .tabIndex = 0,
      .accessibleName = "Media files in this album",
-     .columnCount = 5,
-     .columnWidths = kColumnsShown,
-     .initialValue = "Media files in this album \tCreated\tModified\tFile Size\tMedia",
-     .hasHeading = true,
      .pathSeparator = kPathSeparator},
     {.name = "CountLabel",
      .controlClass = ControlClass::Label,
@@ -122,6 +118,12 @@ void aListWindow::CreateControls() {
 
 void aListWindow::_CreateControls0() {
     BuildControls(*this, kControls);
+    std::vector<std::string> headings;
+    for (const AlbumColumn& column : kAlbumColumns) {
+        headings.emplace_back(column.heading);
+    }
+    TheListBox()->Headings(headings);
+    TheListBox()->ColumnWidths(WidthsOfColumns(&AlbumColumn::widthShown));
     TheListBox()->Change = [this](Listbox& list) { TheListBox_Change(list); };
     TheListBox()->DoubleClick = [this](Listbox& list) { TheListBox_DoubleClick(list); };
     TheListBox()->CellBackgroundPaint = [this](Listbox& list, class Graphics& graphics, std::int64_t row,

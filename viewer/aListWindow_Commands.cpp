@@ -48,7 +48,8 @@ void aListWindow::FileReturn_Action(PushButton& /*button*/) {
 }
 
 void aListWindow::MaxButton_Action(PushButton& button) {
-    TheListBox()->ColumnWidths(std::string(Maximized ? kColumnsShown : kColumnsHidden));
+    TheListBox()->ColumnWidths(
+        WidthsOfColumns(Maximized ? &AlbumColumn::widthShown : &AlbumColumn::widthHidden));
     button.Caption(Maximized ? "Hide Columns  ⌘H" : "Show Columns  ⌘H");
     Maximized = !Maximized;
     button.Refresh(true);

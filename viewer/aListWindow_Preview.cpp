@@ -1,66 +1,14 @@
 #include "FileTypeRegistry.h"
 #include "GlobalData.h"
+#include "MediaKind.h"
 #include "MsgBox.h"
 #include "Picture.h"
-#include "PictureResources.h"
 #include "aListWindow.h"
 
 #include <utility>
 
 namespace folimark {
 namespace {
-
-/// What the preview shows for a kind of file, and how the window speaks of it.
-struct MediaKind {
-    bool (*isOfType)(const std::string& type);
-    Ref<Picture> (*icon)(); ///< null for the kinds that show the file itself
-    const char* canvasHelp;
-    const char* buttonHelp;
-    const char* buttonCaption;
-    const char* name;
-};
-
-constexpr MediaKind kKinds[] = {
-    {GlobalData::CheckImageFileType, nullptr,
-     "Double-click this large thumbnail of the selected image file to open it in its default application "
-     "(for example, Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another "
-     "appropriate application).\r\r"
-     "If the image file is modified and saved in its default application, click again on its entry in the "
-     "list to the left to update its thumbnail.",
-     "Click this button to open the selected image displayed above in its default application (for example, "
-     "Preview, Photoshop, Photoshop Elements, Pixelmator, GraphicConverter or another appropriate "
-     "application).",
-     "Open Image File  ⌘O", "image"},
-    {GlobalData::CheckVideoFileType, MoviesIcon,
-     "Double-click this movies icon to open the selected video file in its default application (usually "
-     "QuickTime Player, but also could be iMovie, VLC, RealPlayer or another appropriate application).",
-     "Click this button to open the selected video file in its default application (usually QuickTime "
-     "Player, but also could be iMovie, VLC, RealPlayer or another appropriate application).",
-     "Open Video File  ⌘O", "video"},
-    {GlobalData::CheckAudioFileType, MusicIcon,
-     "Double-click this music icon to open the selected audio file in its default application (usually "
-     "QuickTime Player or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
-     "Click this button to open the selected audio file in its default application (usually QuickTime "
-     "Player or iTunes, but also could be VLC, RealPlayer or another appropriate application).",
-     "Open Audio File  ⌘O", "audio"},
-    {GlobalData::CheckPDFFileType, nullptr,
-     "Double-click this large thumbnail of the selected PDF file to open it in its default application (for "
-     "example, Preview, Adobe Reader or another appropriate application).\r\r"
-     "If the PDF file is modified and saved in its default application, click again on its entry in the "
-     "list to the left to update its thumbnail.",
-     "Click this button to open the selected PDF file displayed above in its default application (for "
-     "example, Preview, Adobe Reader or another appropriate application).",
-     "Open PDF file  ⌘O", "PDF"},
-};
-
-const MediaKind* KindOf(const std::string& type) {
-    for (const MediaKind& kind : kKinds) {
-        if (kind.isOfType(type)) {
-            return &kind;
-        }
-    }
-    return nullptr;
-}
 
 constexpr Color kRed = 0xFF0000;
 constexpr Color kYellow = 0xFFFF66;
@@ -110,7 +58,7 @@ std::string NoticeOf(const std::string& kindName, PictureRefusal refusal) {
 void TellOfReaderOnce() {
     if (!std::exchange(toldOfReader, true)) {
         GlobalData::MessageBox1(
-            3, "OK", "Folimark can’t show pictures and PDF files.",
+            GlobalData::MessageKind::Caution, "OK", "Folimark can’t show pictures and PDF files.",
             "The program “folimark-pictures”, which reads them, is missing or doesn’t work. "
             "Please install Folimark again.");
     }
@@ -126,7 +74,7 @@ void aListWindow::DrawCatalogItem() {
     const bool there = file && file->Exists();
     if (!file || !(there || file->Unknown())) {
         GlobalData::MessageBox1(
-            3, "OK",
+            GlobalData::MessageKind::Caution, "OK",
             "This media file no longer exists in this album. It has been removed from this album, renamed "
             "or deleted.",
             "This album will be closed, and may then be reopened with the current media files.");

@@ -1,6 +1,6 @@
 #include "AlbumLabel.h"
 #include "ColonPath.h"
-#include "GlobalData.h"
+#include "MediaKind.h"
 #include "Text.h"
 #include "aListWindow.h"
 #include "aListWindow_Columns.h"
@@ -35,20 +35,8 @@ std::string SizeText(double bytes) {
 }
 
 std::string KindText(const Ref<FolderItem>& file) {
-    if (!file) {
-        return "";
-    }
-    const std::string type = file->Type();
-    if (GlobalData::CheckImageFileType(type)) {
-        return "Image";
-    }
-    if (GlobalData::CheckVideoFileType(type)) {
-        return "Video";
-    }
-    if (GlobalData::CheckAudioFileType(type)) {
-        return "Audio";
-    }
-    return GlobalData::CheckPDFFileType(type) ? "PDF" : "";
+    const MediaKind* kind = file ? KindOf(file->Type()) : nullptr;
+    return kind != nullptr ? kind->word : "";
 }
 
 std::string DateText(const Ref<Date>& date) {

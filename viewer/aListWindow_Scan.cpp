@@ -5,6 +5,7 @@
 #include "Text.h"
 #include "TreeWalk.h"
 #include "aListWindow.h"
+#include "aListWindow_Columns.h"
 
 #include <chrono>
 #include <utility>
@@ -55,9 +56,8 @@ void aListWindow::MakeAndShowCatalog() {
     scanning_ = true;
     WindowCatalogFolder = GlobalData::CatalogFolder;
     const Ref<Listbox> list = TheListBox();
-    list->ColumnAlignment(0, Listbox::kAlignLeft);
-    for (int column = 1; column <= 4; ++column) {
-        list->ColumnAlignment(column, Listbox::kAlignRight);
+    for (int column = 0; column < list->ColumnCount(); ++column) {
+        list->ColumnAlignment(column, kAlbumColumns[column].align);
     }
     {
         const Finally restore(
@@ -66,7 +66,7 @@ void aListWindow::MakeAndShowCatalog() {
         ListCatalogFileNames(WindowCatalogFolder, GetFolderItem(WindowCatalogFolder->AbsolutePath()));
     }
     if (list->LastIndex() > 0) {
-        list->ColumnSortDirection(0, Listbox::kAscending);
+        list->ColumnSortDirection(0, SortDirection::Ascending);
         list->SortedColumn(0);
         list->Sort();
     }

@@ -32,18 +32,18 @@ std::string FrameName(void* address) {
     const bool known =
         dladdr1(address, &info, const_cast<void**>(reinterpret_cast<const void**>(&symbol)), RTLD_DL_SYMENT)
         != 0;
-    const auto place = reinterpret_cast<std::uintptr_t>(address);
+    const auto location = reinterpret_cast<std::uintptr_t>(address);
     if (!known) {
-        return Hexadecimal(place);
+        return Hexadecimal(location);
     }
     // The nearest exported symbol is only right if the address lies inside it.
     if (info.dli_sname != nullptr && symbol != nullptr
-        && place - reinterpret_cast<std::uintptr_t>(info.dli_saddr) <= symbol->st_size) {
+        && location - reinterpret_cast<std::uintptr_t>(info.dli_saddr) <= symbol->st_size) {
         return Demangled(info.dli_sname);
     }
     const char* slash = std::strrchr(info.dli_fname, '/');
     return std::string(slash == nullptr ? info.dli_fname : slash + 1) + "+"
-           + Hexadecimal(place - reinterpret_cast<std::uintptr_t>(info.dli_fbase));
+           + Hexadecimal(location - reinterpret_cast<std::uintptr_t>(info.dli_fbase));
 }
 
 bool IsOwnFrame(const std::string& name) {

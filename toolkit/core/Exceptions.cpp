@@ -17,11 +17,11 @@ RuntimeException::RuntimeException(std::string message) : message_(std::move(mes
 NilObjectException::NilObjectException(const std::string& expected)
     : RuntimeException("No " + expected + " is there.") {}
 
-IOException::IOException(const std::string& what, const std::string& place, int errorNumber)
-    : RuntimeException(what + " “" + place + "”: " + std::strerror(errorNumber) + ".") {}
+IOException::IOException(const std::string& what, const std::string& path, int errorNumber)
+    : RuntimeException(what + " “" + path + "”: " + std::strerror(errorNumber) + ".") {}
 
-IOException IOException::OfSaving(const std::string& place, int errorNumber) {
-    IOException error("Can't save", place, errorNumber);
+IOException IOException::OfSaving(const std::string& path, int errorNumber) {
+    IOException error("Can't save", path, errorNumber);
     error.isOfSaving_ = true;
     return error;
 }

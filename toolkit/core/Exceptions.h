@@ -54,9 +54,9 @@ class IOException : public RuntimeException {
   public:
     using RuntimeException::RuntimeException;
     /// Builds the message from what was tried, on what, and the system's error number (`errno`).
-    IOException(const std::string& what, const std::string& place, int errorNumber);
+    IOException(const std::string& what, const std::string& path, int errorNumber);
     /// A file could not be given its new content. All that has been read before is there.
-    static IOException OfSaving(const std::string& place, int errorNumber);
+    static IOException OfSaving(const std::string& path, int errorNumber);
     bool IsOfSaving() const { return isOfSaving_; }
 
   private:

@@ -39,7 +39,7 @@ std::string Reason(const std::string& nativePath, int exitStatus) {
 void Tell(const std::string& nativePath, const std::string& reason) {
     EnterApplication([&] {
         const Ref<MessageDialog> box = New<MessageDialog>();
-        box->Icon(MessageDialog::kCautionIcon);
+        box->Icon(DialogIcon::Caution);
         box->Message("“" + nativePath.substr(nativePath.rfind('/') + 1) + "” could not be opened.");
         box->Explanation(reason);
         box->ShowModal();

@@ -9,7 +9,6 @@
 #include "ToolkitKey.h"
 #include "Window.h"
 
-#include <filesystem>
 #include <optional>
 
 namespace folimark {
@@ -26,18 +25,10 @@ std::optional<int>& ExitStatus() {
     return status;
 }
 
-Ref<FolderItem> Executable() {
-    return FolderItem::FromNativePath(std::filesystem::read_symlink("/proc/self/exe").native());
-}
-
 } // namespace
 
 Ref<FolderItem> Application::ExecutableFile() const {
     return Executable();
-}
-
-Ref<FolderItem> ResourcesFolder() {
-    return Executable()->Parent()->Parent()->Child("Resources");
 }
 
 void RegisterApplication(Ref<Application> application) {

@@ -11,13 +11,9 @@ Ref<RectControl> MakeControl(const ControlRow& row) {
     switch (row.controlClass) {
     case ControlClass::Listbox: {
         Ref<Listbox> list = New<Listbox>();
-        list->ColumnCount(row.columnCount);
-        list->HasHeading(row.hasHeading);
         list->HorizontalScrollBar(row.horizontalScrollBar);
         list->UseFocusRing(row.useFocusRing);
         list->PathSeparator(std::string(row.pathSeparator));
-        list->InitialValue(std::string(row.initialValue));
-        list->ColumnWidths(std::string(row.columnWidths));
         return list;
     }
     case ControlClass::Canvas:

@@ -17,8 +17,7 @@ namespace folimark {
 enum class ControlClass : std::uint8_t { Listbox, Canvas, PushButton, Label, TextField, PopupMenu };
 
 /// One row of a window's table of controls, which stand in the order in which the controls are made.
-/// Positions and sizes are units in the window's content. The members from `columnCount` on are for
-/// lists.
+/// Positions and sizes are units in the window's content.
 struct ControlRow {
     std::string_view name{};
     ControlClass controlClass = ControlClass::Label;
@@ -32,10 +31,6 @@ struct ControlRow {
     bool visible = true;
     bool isDefault = false;
     bool isCancel = false;
-    int columnCount = 1;
-    std::string_view columnWidths{};
-    std::string_view initialValue{};
-    bool hasHeading = false;
     bool horizontalScrollBar = false;
     bool useFocusRing = false;
     std::string_view pathSeparator{};

@@ -5,30 +5,17 @@
 #include "ToolkitKey.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace folimark {
-namespace {
 
-std::vector<std::string> Split(const std::string& text, char separator) {
-    std::vector<std::string> parts;
-    std::istringstream stream(text);
-    for (std::string part; std::getline(stream, part, separator);) {
-        parts.push_back(part);
+void Listbox::Headings(const std::vector<std::string>& headings) {
+    columns_.clear();
+    for (const std::string& heading : headings) {
+        columns_.push_back({.heading = heading});
     }
-    return parts;
-}
-
-} // namespace
-
-void Listbox::InitialValue(const std::string& text) {
-    std::vector<std::string> lines = Split(text, '\n');
-    if (hasHeading_ && !lines.empty()) {
-        headings_ = Split(lines.front(), '\t');
-        lines.erase(lines.begin());
-    }
-    for (const std::string& line : lines) {
-        AddRow(Split(line, '\t'));
+    hasHeading_ = true;
+    if (NativeList* view = View()) {
+        view->Reset();
     }
 }
 
@@ -85,12 +72,12 @@ void Listbox::ListIndex(std::int64_t row) {
 }
 
 std::string Listbox::Cell(std::int64_t row, int column) const {
-    CheckColumn(column);
+    Checked(column);
     return std::string(rows_.Cell(row, column));
 }
 
 void Listbox::Cell(std::int64_t row, int column, const std::string& text) {
-    CheckColumn(column);
+    Checked(column);
     rows_.Cell(row, column, text);
     if (NativeList* view = View()) {
         view->CellChanged(row, column);
@@ -104,48 +91,33 @@ void Listbox::ColumnWidths(const std::string& widths) {
     }
 }
 
-void Listbox::CheckColumn(int column) const {
-    if (column < 0 || column >= columnCount_) {
+std::size_t Listbox::Checked(int column) const {
+    if (column < 0 || column >= ColumnCount()) {
         throw OutOfBoundsException("A list has no column " + std::to_string(column) + ".");
     }
+    return static_cast<std::size_t>(column);
 }
 
-int Listbox::ColumnAlignment(int column) const {
-    CheckColumn(column);
-    const auto index = static_cast<std::size_t>(column);
-    return index < alignments_.size() ? alignments_[index] : kAlignLeft;
-}
-
-void Listbox::ColumnAlignment(int column, int alignment) {
-    CheckColumn(column);
-    alignments_.resize(static_cast<std::size_t>(columnCount_), kAlignLeft);
-    alignments_[static_cast<std::size_t>(column)] = alignment;
+void Listbox::ColumnAlignment(int column, ColumnAlign align) {
+    columns_[Checked(column)].align = align;
     Refresh();
 }
 
-int Listbox::ColumnSortDirection(int column) const {
-    CheckColumn(column);
-    const auto index = static_cast<std::size_t>(column);
-    return index < directions_.size() ? directions_[index] : kAscending;
-}
-
-void Listbox::ColumnSortDirection(int column, int direction) {
-    CheckColumn(column);
-    directions_.resize(static_cast<std::size_t>(columnCount_), kAscending);
-    directions_[static_cast<std::size_t>(column)] = direction;
+void Listbox::ColumnSortDirection(int column, SortDirection direction) {
+    columns_[Checked(column)].direction = direction;
 }
 
 void Listbox::SortedColumn(int column) {
-    CheckColumn(column);
+    Checked(column);
     sortedColumn_ = column;
 }
 
 void Listbox::Sort() {
-    CheckColumn(sortedColumn_);
-    const bool ascending = ColumnSortDirection(sortedColumn_) != kDescending;
-    const std::vector<std::int64_t> places = rows_.Sort(sortedColumn_, ascending);
+    Checked(sortedColumn_);
+    const bool ascending = ColumnSortDirection(sortedColumn_) == SortDirection::Ascending;
+    const std::vector<std::int64_t> newRows = rows_.Sort(sortedColumn_, ascending);
     if (listIndex_ >= 0) {
-        listIndex_ = places[static_cast<std::size_t>(listIndex_)];
+        listIndex_ = newRows[static_cast<std::size_t>(listIndex_)];
     }
     if (NativeList* view = View()) {
         view->Sorted(sortedColumn_, ascending);
@@ -154,8 +126,8 @@ void Listbox::Sort() {
 
 void Listbox::ClickHeading(const ToolkitKey&, int column) {
     FromUser([this, column] {
-        const bool again = column == sortedColumn_;
-        ColumnSortDirection(column, again ? -ColumnSortDirection(column) : kAscending);
+        const bool turns = column == sortedColumn_ && ColumnSortDirection(column) == SortDirection::Ascending;
+        ColumnSortDirection(column, turns ? SortDirection::Descending : SortDirection::Ascending);
         SortedColumn(column);
         Sort();
     });

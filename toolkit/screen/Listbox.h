@@ -13,6 +13,9 @@ namespace folimark {
 
 class NativeList;
 
+enum class ColumnAlign : std::uint8_t { Left = 1, Right = 3 };
+enum class SortDirection : std::int8_t { Ascending = 1, Descending = -1 };
+
 /// A list of rows with one or more columns, sortable by its headings. Rows and columns count from 0; a
 /// ListIndex of -1 means that no row is selected. Rows are 16 units high. A row or column outside
 /// the list raises OutOfBoundsException everywhere.
@@ -42,13 +45,12 @@ class Listbox : public RectControl {
     /// The rows themselves, for whoever reads many of them.
     const ListRows& Rows() const { return rows_; }
 
-    int ColumnCount() const { return columnCount_; }
-    void ColumnCount(int count) { columnCount_ = count; }
+    /// A list has one column, without a heading, until it is given some.
+    int ColumnCount() const { return static_cast<int>(columns_.size()); }
+    /// Gives the list its columns, one for each heading.
+    void Headings(const std::vector<std::string>& headings);
+    const std::string& Heading(int column) const { return columns_[Checked(column)].heading; }
     bool HasHeading() const { return hasHeading_; }
-    void HasHeading(bool has) { hasHeading_ = has; }
-    /// The headings, separated by tabs if the list has any; then a first row for each further line.
-    void InitialValue(const std::string& text);
-    const std::vector<std::string>& Headings() const { return headings_; }
     void HorizontalScrollBar(bool has) { horizontalScrollBar_ = has; }
     /// Is a ring to show that the list has the keyboard, also while no row is selected?
     bool UseFocusRing() const { return useFocusRing_; }
@@ -65,15 +67,10 @@ class Listbox : public RectControl {
     /// left over, as does every column of a list whose widths are "".
     const std::string& ColumnWidths() const { return columnWidths_; }
     void ColumnWidths(const std::string& widths);
-    static constexpr int kAlignLeft = 1;
-    static constexpr int kAlignRight = 3;
-    int ColumnAlignment(int column) const;
-    void ColumnAlignment(int column, int alignment);
-
-    static constexpr int kAscending = 1;
-    static constexpr int kDescending = -1;
-    int ColumnSortDirection(int column) const;
-    void ColumnSortDirection(int column, int direction);
+    ColumnAlign ColumnAlignment(int column) const { return columns_[Checked(column)].align; }
+    void ColumnAlignment(int column, ColumnAlign align);
+    SortDirection ColumnSortDirection(int column) const { return columns_[Checked(column)].direction; }
+    void ColumnSortDirection(int column, SortDirection direction);
     int SortedColumn() const { return sortedColumn_; }
     void SortedColumn(int column);
     /// Sorts the rows by the text of SortedColumn in its direction. The selection goes with its row, and no
@@ -121,21 +118,24 @@ class Listbox : public RectControl {
     void FitWidget(const WindowFrame& frame) override;
 
   private:
+    struct Column {
+        std::string heading;
+        ColumnAlign align = ColumnAlign::Left;
+        SortDirection direction = SortDirection::Ascending;
+    };
+
     /// Null while there is none.
     NativeList* View() const;
-    void CheckColumn(int column) const;
+    std::size_t Checked(int column) const;
     void RaiseChange();
 
     ListRows rows_;
-    std::vector<std::string> headings_;
-    std::vector<int> alignments_;
-    std::vector<int> directions_;
+    std::vector<Column> columns_{1};
     std::string columnWidths_;
     std::string emptyText_;
     std::string pathSeparator_;
     Color markColor_ = 0x000000;
     std::int64_t listIndex_ = -1;
-    int columnCount_ = 1;
     int sortedColumn_ = -1;
     bool hasHeading_ = false;
     bool horizontalScrollBar_ = false;

@@ -2,6 +2,7 @@
 
 #include "Object.h"
 
+#include <cstdint>
 #include <string>
 
 namespace folimark {
@@ -19,16 +20,14 @@ class MessageDialogButton : public Object {
     bool visible_ = false;
 };
 
+enum class DialogIcon : std::int8_t { None = -1, Note = 0, Caution = 1 };
+
 /// A question or a notice that stands over the whole application until a button is pressed.
 class MessageDialog : public Object {
   public:
-    static constexpr int kNoIcon = -1;
-    static constexpr int kNoteIcon = 0;
-    static constexpr int kCautionIcon = 1;
-
     MessageDialog();
 
-    void Icon(int icon) { icon_ = icon; }
+    void Icon(DialogIcon icon) { icon_ = icon; }
     void Message(const std::string& text) { message_ = text; }
     /// The smaller text beneath the message; may be "".
     void Explanation(const std::string& text) { explanation_ = text; }
@@ -47,7 +46,7 @@ class MessageDialog : public Object {
     Ref<MessageDialogButton> alternate_;
     std::string message_;
     std::string explanation_;
-    int icon_ = kNoteIcon;
+    DialogIcon icon_ = DialogIcon::Note;
 };
 
 } // namespace folimark

@@ -4,6 +4,8 @@
 
 namespace folimark {
 
+/// The executable, with links followed.
+Ref<FolderItem> Executable();
 /// The folder "Resources" beside the folder of the executable.
 Ref<FolderItem> ResourcesFolder();
 

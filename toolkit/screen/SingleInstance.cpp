@@ -34,7 +34,7 @@ struct Address {
 
 /// One folder has one row of addresses, through whichever links it is reached. The second and later ones are
 /// for when a stranger holds those before.
-Address AddressOf(const std::string& folder, int place) {
+Address AddressOf(const std::string& folder, int number) {
     std::error_code failed;
     std::string path = std::filesystem::weakly_canonical(folder, failed);
     if (failed) {
@@ -42,7 +42,7 @@ Address AddressOf(const std::string& folder, int place) {
     }
     const std::string name = "folimark-" + std::to_string(getuid()) + "-"
                              + std::to_string(std::hash<std::string>()(path)) // a path may be too long
-                             + "-" + std::to_string(place);
+                             + "-" + std::to_string(number);
     Address address;
     address.name.sun_family = AF_UNIX;
     // A zero byte in front keeps the name out of the file system.
@@ -114,10 +114,10 @@ SingleInstance::~SingleInstance() = default;
 
 SingleInstance::Claim SingleInstance::Take(const std::string& folder, std::function<void()> comeForward,
                                            std::chrono::milliseconds patience) {
-    int place = 0;
+    int number = 0;
     const Clock::time_point end = Clock::now() + patience;
     do {
-        const Address address = AddressOf(folder, place);
+        const Address address = AddressOf(folder, number);
         Descriptor listening = NewSocket(folder);
         if (bind(listening.Get(), address.Get(), address.length) == 0) {
             if (listen(listening.Get(), SOMAXCONN) != 0) {
@@ -133,7 +133,7 @@ SingleInstance::Claim SingleInstance::Take(const std::string& folder, std::funct
         case Answer::HasComeForward:
             return Claim::Forwarded;
         case Answer::FromStranger:
-            ++place;
+            ++number;
             break;
         case Answer::None:
             poll(nullptr, 0, kPauseMilliseconds);

@@ -28,8 +28,8 @@ std::optional<Pixels> DecodeBmp(Bytes file, Size wanted) {
         image = image.scaled(size.width, size.height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
     image.convertTo(QImage::Format_ARGB32_Premultiplied);
-    const auto* place = reinterpret_cast<const std::uint32_t*>(image.constBits()); // rows have no gaps
-    return Pixels{picture, size, {place, place + image.sizeInBytes() / qsizetype{sizeof *place}}};
+    const auto* start = reinterpret_cast<const std::uint32_t*>(image.constBits()); // rows have no gaps
+    return Pixels{picture, size, {start, start + image.sizeInBytes() / qsizetype{sizeof *start}}};
 }
 
 } // namespace folimark

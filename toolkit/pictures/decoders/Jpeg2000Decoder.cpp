@@ -13,32 +13,32 @@ namespace {
 /// Where a decoder stands in the file.
 struct Source {
     Bytes bytes;
-    std::size_t place = 0;
+    std::size_t position = 0;
 };
 
 OPJ_SIZE_T Read(void* buffer, OPJ_SIZE_T length, void* user) {
     auto* source = static_cast<Source*>(user);
-    const std::size_t count = std::min<std::size_t>(length, source->bytes.size() - source->place);
+    const std::size_t count = std::min<std::size_t>(length, source->bytes.size() - source->position);
     if (count == 0) {
         return static_cast<OPJ_SIZE_T>(-1);
     }
-    std::memcpy(buffer, source->bytes.data() + source->place, count);
-    source->place += count;
+    std::memcpy(buffer, source->bytes.data() + source->position, count);
+    source->position += count;
     return count;
 }
 
-OPJ_BOOL Seek(OPJ_OFF_T place, void* user) {
+OPJ_BOOL Seek(OPJ_OFF_T position, void* user) {
     auto* source = static_cast<Source*>(user);
-    if (place < 0 || static_cast<std::size_t>(place) > source->bytes.size()) {
+    if (position < 0 || static_cast<std::size_t>(position) > source->bytes.size()) {
         return OPJ_FALSE;
     }
-    source->place = static_cast<std::size_t>(place);
+    source->position = static_cast<std::size_t>(position);
     return OPJ_TRUE;
 }
 
 OPJ_OFF_T Skip(OPJ_OFF_T count, void* user) {
     const auto* source = static_cast<Source*>(user);
-    return Seek(static_cast<OPJ_OFF_T>(source->place) + count, user) != OPJ_FALSE ? count : -1;
+    return Seek(static_cast<OPJ_OFF_T>(source->position) + count, user) != OPJ_FALSE ? count : -1;
 }
 
 /// The content of the first box of that name; empty if there is none. A box has a size, which counts itself,

@@ -21,21 +21,21 @@ class Mapping {
   public:
     Mapping(int descriptor, std::size_t length, int protection, int flags) : length_(length) {
         if (length > 0) {
-            place_ = mmap(nullptr, length, protection, flags, descriptor, 0);
+            start_ = mmap(nullptr, length, protection, flags, descriptor, 0);
         }
     }
     Mapping(const Mapping&) = delete;
     Mapping& operator=(const Mapping&) = delete;
     ~Mapping() {
         if (*this) {
-            munmap(place_, length_);
+            munmap(start_, length_);
         }
     }
-    explicit operator bool() const { return place_ != MAP_FAILED; }
-    void* Place() const { return place_; }
+    explicit operator bool() const { return start_ != MAP_FAILED; }
+    void* Start() const { return start_; }
 
   private:
-    void* place_ = MAP_FAILED;
+    void* start_ = MAP_FAILED;
     std::size_t length_;
 };
 
@@ -50,7 +50,7 @@ std::optional<Pixels> Decode(int file, const PictureRequest& request) {
     if (!content) {
         return std::nullopt;
     }
-    const Bytes bytes(static_cast<const std::uint8_t*>(content.Place()), length);
+    const Bytes bytes(static_cast<const std::uint8_t*>(content.Start()), length);
     return DecodeFile(request.type.data(), bytes, {request.wantedWidth, request.wantedHeight});
 }
 
@@ -62,7 +62,7 @@ bool CopyTo(int memory, const std::vector<std::uint32_t>& argb) {
     }
     const Mapping target(memory, length, PROT_READ | PROT_WRITE, MAP_SHARED);
     if (target) {
-        std::memcpy(target.Place(), argb.data(), length);
+        std::memcpy(target.Start(), argb.data(), length);
     }
     return bool(target);
 }

@@ -26,8 +26,8 @@ Size Upright(Size size, VipsImage* image) {
     return vips_image_get_orientation_swap(image) != 0 ? Size{size.height, size.width} : size;
 }
 
-std::uint32_t PixelAt(const std::uint8_t* place, int bands) {
-    return Premultiplied(place[0], place[1], place[2], bands > 3 ? place[3] : 255);
+std::uint32_t PixelAt(const std::uint8_t* sample, int bands) {
+    return Premultiplied(sample[0], sample[1], sample[2], bands > 3 ? sample[3] : 255);
 }
 
 } // namespace
@@ -66,10 +66,10 @@ std::optional<Pixels> PixelsOf(VipsImage* image, Size picture) {
     }
     Pixels pixels{picture, {vips_image_get_width(bytes), vips_image_get_height(bytes)}, {}};
     pixels.argb.resize(length / static_cast<std::size_t>(bands));
-    const auto* place = static_cast<const std::uint8_t*>(samples.get());
+    const auto* sample = static_cast<const std::uint8_t*>(samples.get());
     for (std::uint32_t& pixel : pixels.argb) {
-        pixel = PixelAt(place, bands);
-        place += bands;
+        pixel = PixelAt(sample, bands);
+        sample += bands;
     }
     return pixels;
 }

@@ -23,9 +23,9 @@ MessageDialog::MessageDialog()
 
 Ref<MessageDialogButton> MessageDialog::ShowModal() {
     MessageBox box(message_, explanation_);
-    box.setIcon(icon_ == kCautionIcon ? QMessageBox::Warning
-                : icon_ == kNoteIcon  ? QMessageBox::Information
-                                      : QMessageBox::NoIcon);
+    box.setIcon(icon_ == DialogIcon::Caution ? QMessageBox::Warning
+                : icon_ == DialogIcon::Note  ? QMessageBox::Information
+                                             : QMessageBox::NoIcon);
     QPushButton* action = AddButton(box, *action_, QMessageBox::AcceptRole);
     QPushButton* cancel = AddButton(box, *cancel_, QMessageBox::RejectRole);
     const QPushButton* alternate = AddButton(box, *alternate_, QMessageBox::DestructiveRole);

@@ -38,8 +38,8 @@ QRect AccessibleCell::rect() const {
     if (!isValid()) {
         return {};
     }
-    const QRect place = view_->visualRect(view_->model()->index(row_, column_));
-    return place.isNull() ? place : place.translated(view_->viewport()->mapToGlobal(QPoint(0, 0)));
+    const QRect rect = view_->visualRect(view_->model()->index(row_, column_));
+    return rect.isNull() ? rect : rect.translated(view_->viewport()->mapToGlobal(QPoint(0, 0)));
 }
 
 QAccessible::State AccessibleCell::state() const {

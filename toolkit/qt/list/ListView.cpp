@@ -46,16 +46,15 @@ ListView::ListView(Listbox& list, QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     auto* headings = new Headings(this);
     setHorizontalHeader(headings);
-    headings->setVisible(list.HasHeading());
     headings->setHighlightSections(false);
     headings->setSectionResizeMode(QHeaderView::Fixed);
     headings->setMinimumSectionSize(0);
     headings->setStretchLastSection(true);
-    headings->setSectionsClickable(list.HasHeading());
     announcement_.setSingleShot(true);
     connect(&announcement_, &QTimer::timeout, this, [this] { model_->Announce(); });
     connect(headings, &QHeaderView::sectionClicked, this,
             [this](int column) { list_.ClickHeading(kToolkit, column); });
+    ListView::Reset();
 }
 
 ListView::~ListView() = default;
@@ -77,6 +76,8 @@ void ListView::EndRemove() {
 }
 
 void ListView::Reset() {
+    horizontalHeader()->setVisible(list_.HasHeading());
+    horizontalHeader()->setSectionsClickable(list_.HasHeading());
     model_->Reset();
 }
 

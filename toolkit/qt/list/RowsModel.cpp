@@ -9,7 +9,7 @@ namespace {
 QVariant AlignmentOf(const Listbox& list, int column) {
     return QVariant::fromValue(
         Qt::AlignVCenter
-        | (list.ColumnAlignment(column) == Listbox::kAlignRight ? Qt::AlignRight : Qt::AlignLeft));
+        | (list.ColumnAlignment(column) == ColumnAlign::Right ? Qt::AlignRight : Qt::AlignLeft));
 }
 
 } // namespace
@@ -45,9 +45,8 @@ QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int rol
     if (orientation != Qt::Horizontal || section < 0 || section >= list_.ColumnCount()) {
         return {};
     }
-    const auto column = static_cast<std::size_t>(section);
-    if (role == Qt::DisplayRole && column < list_.Headings().size()) {
-        return ToQString(list_.Headings()[column]);
+    if (role == Qt::DisplayRole) {
+        return ToQString(list_.Heading(section));
     }
     if (role == Qt::TextAlignmentRole) {
         return AlignmentOf(list_, section);

@@ -12,7 +12,7 @@ class NativeList {
     /// Before a row is removed, and after.
     virtual void BeginRemove(std::int64_t row) = 0;
     virtual void EndRemove() = 0;
-    /// All rows have gone.
+    /// All rows have gone, or the columns are others.
     virtual void Reset() = 0;
     virtual void Sorted(int column, bool ascending) = 0;
     virtual void CellChanged(std::int64_t row, int column) = 0;

@@ -1,0 +1,9 @@
+#include "AlbumListFile.h"
+
+namespace folimark {
+
+Ref<FolderItem> AlbumListFile() {
+    return SpecialFolder::Preferences()->Child("Folimark.Preferences");
+}
+
+} // namespace folimark
