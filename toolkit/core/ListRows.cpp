@@ -42,6 +42,7 @@ void ListRows::RemoveRow(std::int64_t row) {
     const std::size_t index = Checked(row);
     store_.Remove(rows_[index]);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+    orderedBy_ = 0;
 }
 
 std::string_view ListRows::Cell(std::int64_t row, std::int64_t column) const {
@@ -96,55 +97,69 @@ void ListRows::Compact() {
     store_ = std::move(compact);
 }
 
-std::vector<std::size_t> ListRows::TurnedRound(std::size_t part) const {
-    std::vector<std::size_t> order(rows_.size());
-    std::size_t next = rows_.size();
-    for (std::size_t first = 0; first < rows_.size();) {
-        std::size_t last = first + 1;
-        const std::string_view text = RowStore::Text(rows_[first], part);
-        while (last < rows_.size() && RowStore::Text(rows_[last], part) == text) {
-            ++last;
+/// The order that is needed for the other direction, in which rows of one text keep theirs.
+std::vector<std::size_t> ListRows::TurnRound() {
+    std::vector<std::size_t> order;
+    order.reserve(rows_.size());
+    std::vector<bool> repeats;
+    repeats.reserve(rows_.size());
+    for (std::size_t last = rows_.size(); last > 0;) {
+        std::size_t first = last - 1;
+        while (repeats_[first]) {
+            --first;
         }
-        next -= last - first;
-        std::iota(order.begin() + static_cast<std::ptrdiff_t>(next),
-                  order.begin() + static_cast<std::ptrdiff_t>(next + last - first), first);
-        first = last;
+        for (std::size_t row = first; row < last; ++row) {
+            order.push_back(row);
+            repeats.push_back(row != first);
+        }
+        last = first;
     }
+    repeats_ = std::move(repeats);
     return order;
+}
+
+/// \returns each row's new place.
+std::vector<std::int64_t> ListRows::Put(const std::vector<std::size_t>& order) {
+    std::vector<const char*> sorted;
+    sorted.reserve(rows_.size());
+    std::vector<std::int64_t> places(rows_.size());
+    for (const std::size_t row : order) {
+        places[row] = static_cast<std::int64_t>(sorted.size());
+        sorted.push_back(rows_[row]);
+    }
+    rows_ = std::move(sorted);
+    return places;
 }
 
 std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
     const std::size_t part = PartOfColumn(column);
-    std::vector<std::int64_t> newPlaces(rows_.size());
-    std::iota(newPlaces.begin(), newPlaces.end(), 0);
-    const auto put = [this, &newPlaces](const std::vector<std::size_t>& order) {
-        std::vector<const char*> sorted;
-        sorted.reserve(rows_.size());
+    if (orderedBy_ == part) {
+        if (ascending_ != ascending) {
+            ascending_ = ascending;
+            return Put(TurnRound());
+        }
         std::vector<std::int64_t> places(rows_.size());
-        for (const std::size_t row : order) {
-            places[row] = static_cast<std::int64_t>(sorted.size());
-            sorted.push_back(rows_[row]);
-        }
-        for (std::int64_t& place : newPlaces) {
-            place = places[static_cast<std::size_t>(place)];
-        }
-        rows_ = std::move(sorted);
-    };
-    if (orderedBy_ != part) {
-        std::vector<std::string_view> texts;
-        texts.reserve(rows_.size());
-        for (const char* row : rows_) {
-            texts.push_back(RowStore::Text(row, part));
-        }
-        put(SortedOrder(texts));
-        orderedBy_ = part;
-        ascending_ = true;
+        std::iota(places.begin(), places.end(), 0);
+        return places;
     }
-    if (ascending_ != ascending) {
-        put(TurnedRound(part));
-        ascending_ = ascending;
+    std::vector<std::string_view> texts;
+    texts.reserve(rows_.size());
+    for (const char* row : rows_) {
+        texts.push_back(RowStore::Text(row, part));
     }
-    return newPlaces;
+    std::vector<std::size_t> order = SortedOrder(texts, &repeats_);
+    if (!ascending) {
+        const std::vector<std::size_t> turned = TurnRound();
+        std::vector<std::size_t> downwards;
+        downwards.reserve(order.size());
+        for (const std::size_t place : turned) {
+            downwards.push_back(order[place]);
+        }
+        order = std::move(downwards);
+    }
+    orderedBy_ = part;
+    ascending_ = ascending;
+    return Put(order);
 }
 
 std::int64_t ListRows::FindPrefix(std::string_view text, std::int64_t startRow,

@@ -55,13 +55,15 @@ class ListRows {
     std::size_t Checked(std::int64_t row) const;
     void Replace(std::size_t row, std::size_t part, std::string_view text);
     void Compact();
-    std::vector<std::size_t> TurnedRound(std::size_t part) const;
+    std::vector<std::size_t> TurnRound();
+    std::vector<std::int64_t> Put(const std::vector<std::size_t>& order);
 
     RowStore store_;
     std::vector<const char*> rows_;
     // By what the rows are in order: a part of them, and a direction. None (0) once they may not be any more.
     std::size_t orderedBy_ = 0;
     bool ascending_ = true;
+    std::vector<bool> repeats_; // of rows in order: does a row have the same text as the one above it?
 };
 
 } // namespace folimark

@@ -88,6 +88,9 @@ int CompareForSort(std::string_view left, std::string_view right);
 std::string SortKey(std::string_view text);
 
 /// The indexes (from 0) of the texts in the order of CompareForSort. Identical texts keep their order.
-std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts);
+/// `repeats`, if it isn't null, becomes one flag for each place of that order: is its text the same as the
+/// one before it?
+std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts,
+                                     std::vector<bool>* repeats = nullptr);
 
 } // namespace folimark

@@ -44,6 +44,8 @@ class Sorter {
         ranges_.push_back({0, entries_.size(), 0});
     }
 
+    std::vector<bool> Repeats() { return std::move(repeats_); }
+
     std::vector<std::size_t> Order() {
         while (!ranges_.empty()) {
             const Range range = ranges_.back();
@@ -69,6 +71,7 @@ class Sorter {
     const std::vector<std::string_view>& texts_;
     LetterKeys keys_;
     std::vector<Entry> entries_;
+    std::vector<bool> repeats_ = std::vector<bool>(texts_.size());
     std::vector<Range> ranges_;
     // Memory that is used again for each range.
     std::vector<Group> groups_;
@@ -126,6 +129,8 @@ void Sorter::SortTies(std::size_t first, std::size_t last) {
     Entry* const begin = entries_.data() + first;
     Entry* const end = entries_.data() + last;
     if (std::all_of(begin, end, [&](const Entry& entry) { return textOf(entry) == textOf(*begin); })) {
+        std::fill(repeats_.begin() + static_cast<std::ptrdiff_t>(first + 1),
+                  repeats_.begin() + static_cast<std::ptrdiff_t>(last), true);
         return;
     }
     std::vector<std::pair<std::string, Entry>> keyed;
@@ -138,6 +143,9 @@ void Sorter::SortTies(std::size_t first, std::size_t last) {
         return bytes != 0 ? bytes < 0 : left.second.index < right.second.index;
     });
     std::transform(keyed.begin(), keyed.end(), begin, [](const auto& pair) { return pair.second; });
+    for (std::size_t i = first + 1; i < last; ++i) {
+        repeats_[i] = textOf(entries_[i]) == textOf(entries_[i - 1]);
+    }
 }
 
 } // namespace
@@ -151,8 +159,13 @@ int CompareForSort(std::string_view left, std::string_view right) {
     return order != 0 ? order : left.compare(right);
 }
 
-std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts) {
-    return Sorter(texts).Order();
+std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts, std::vector<bool>* repeats) {
+    Sorter sorter(texts);
+    std::vector<std::size_t> order = sorter.Order();
+    if (repeats != nullptr) {
+        *repeats = sorter.Repeats();
+    }
+    return order;
 }
 
 } // namespace folimark
