@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <sys/stat.h>
 
 namespace folimark::test {
@@ -87,7 +88,10 @@ TEST(Preview, ShowsTheSelectedFileAndNothingOfTheLast) {
 
 TEST(Preview, ARowDoesNotWaitForItsPicture) {
     const TestFolder folder{"a.mp3", "b.pdf"};
-    SetPictureProcessExecutable("/usr/bin/yes"); // which never answers
+    const std::string silent = folder.Path("silent"); // ends with the test, and never answers
+    std::ofstream(silent) << "#!/bin/sh\nexec sleep 20\n";
+    std::filesystem::permissions(silent, std::filesystem::perms::owner_all);
+    SetPictureProcessExecutable(silent);
     const RunningApplication application;
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
     const QImage icon = Preview(album);
