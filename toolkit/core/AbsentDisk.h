@@ -8,9 +8,8 @@ namespace folimark {
 /// locked, not mounted)? `nativePath` is absolute. That is so where
 ///
 /// - the folder that should hold it is gone too: desktops remove the folder of a disk with the disk;
-/// - desktops, or the table of file systems, have it that a disk is mounted at this place, or at the folder
-/// that
-///   should hold it, and none is;
+/// - desktops, or the table of file systems, mount a disk at this place, or at the folder that should hold
+///   it, and none is there;
 /// - the folder that should hold it is empty, and has been since it was made;
 /// - the path ends in a link that leads nowhere.
 ///
