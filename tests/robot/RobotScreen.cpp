@@ -19,11 +19,11 @@ const char* __lsan_default_suppressions() {
 namespace folimark::test {
 namespace {
 
-/// The main screen, and two small ones below it. FOLIMARK_TEST_SCREEN=small makes the main one small, too,
-/// and sharp.
+/// The main screen, whose name has to be the first in the alphabet, and two small ones below it.
+/// FOLIMARK_TEST_SCREEN=small makes the main one small, too, and sharp.
 QByteArray Screens() {
     const bool isSmall = qgetenv("FOLIMARK_TEST_SCREEN") == "small";
-    return QByteArray(R"({"screens": [{"name": "robot", "x": 0, "y": 0, )")
+    return QByteArray(R"({"screens": [{"name": "desk", "x": 0, "y": 0, )")
            + (isSmall ? R"("width": 1280, "height": 720, "dpr": 2},)"
                       : R"("width": 1920, "height": 1080, "dpr": 1},)")
            + R"({"name": "small", "x": 0, "y": 1200, "width": 1280, "height": 720, "dpr": 1},
