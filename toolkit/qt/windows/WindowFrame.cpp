@@ -15,6 +15,7 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
 #include <QWindow>
@@ -27,9 +28,13 @@ namespace {
 // A pause of this many milliseconds ends a drag of the window, or of its size.
 constexpr int kDragEndPause = 150;
 
+// The line round a sheet, in logical pixels.
+constexpr int kSheetEdge = 1;
+
 Qt::WindowFlags FlagsOf(const WindowLayout& layout) {
     if (layout.frame == WindowKind::Sheet) {
-        return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint;
+        // Some window managers put all of their buttons into any title bar that they draw.
+        return Qt::Dialog | Qt::FramelessWindowHint;
     }
     Qt::WindowFlags flags =
         Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
@@ -65,6 +70,9 @@ WindowFrame::WindowFrame(Window& window, const WindowLayout& layout)
       height_(layout.height) {
     setContextMenuPolicy(Qt::NoContextMenu);
     setAcceptDrops(true);
+    if (IsSheet()) {
+        setContentsMargins(kSheetEdge, kSheetEdge, kSheetEdge, kSheetEdge);
+    }
     SetTitle(std::string(layout.title));
     if (layout.hasBackColor) {
         content_->setPalette(PaletteOn(layout.backColor));
@@ -184,15 +192,27 @@ void WindowFrame::WatchScreen(QScreen* screen) {
     }
 }
 
+void WindowFrame::paintEvent(QPaintEvent* event) {
+    QMainWindow::paintEvent(event);
+    if (IsSheet()) {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Disabled, QPalette::WindowText), kSheetEdge));
+        painter.drawRect(rect().adjusted(0, 0, -kSheetEdge, -kSheetEdge));
+    }
+}
+
+void WindowFrame::mousePressEvent(QMouseEvent* event) {
+    // A sheet has no title bar to be moved by.
+    if (IsSheet() && event->button() == Qt::LeftButton) {
+        windowHandle()->startSystemMove();
+    }
+}
+
 void WindowFrame::closeEvent(QCloseEvent* event) {
     // The Window decides; closing it takes this widget down.
     event->ignore();
-    if (window_ == nullptr) {
-        return;
-    }
-    if (!layout_.closeButton) {
-        PressDialogButton(Qt::Key_Escape); // Some window managers close windows that ask for no such button.
-        return;
+    if (window_ == nullptr || !layout_.closeButton) {
+        return; // Window managers have a key that closes any window.
     }
     const Ref<Window> window(window_);
     EnterApplication([&] { window->Close(); });

@@ -51,6 +51,8 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -60,8 +62,9 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     bool focusNextPrevChild(bool next) override;
 
   private:
-    /// What the menu bar and the toolbar add to the content's size. All sizes and places from here on are in
-    /// logical pixels.
+    bool IsSheet() const { return layout_.frame == WindowKind::Sheet; }
+    /// What the menu bar, the toolbar and a sheet's edge add to the content's size. All sizes and places from
+    /// here on are in logical pixels.
     QSize Bars() const;
     /// What the screen has for a window's content.
     QRect Room() const;

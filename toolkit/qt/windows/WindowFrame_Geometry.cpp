@@ -45,7 +45,8 @@ bool Holds(QSize room, QSize size) {
 } // namespace
 
 QSize WindowFrame::Bars() const {
-    return {0, content_->mapTo(this, QPoint(0, 0)).y()};
+    const QMargins edge = contentsMargins();
+    return {edge.left() + edge.right(), content_->mapTo(this, QPoint(0, 0)).y() + edge.bottom()};
 }
 
 QRect WindowFrame::Room() const {
