@@ -64,8 +64,7 @@ void aListWindow::ListBoxAddRow(const Ref<FolderItem>& root, const Ref<FolderIte
         size = SizeText(static_cast<double>(found->Length()));
     }
     const Ref<Listbox> list = TheListBox();
-    list->AddRow(
-        {std::move(name), std::move(created), std::move(modified), std::move(size), KindText(found)});
+    list->AddRow({name, created, modified, size, KindText(found)});
     list->RowTag(list->LastIndex(), path);
 }
 

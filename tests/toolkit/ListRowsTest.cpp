@@ -10,8 +10,8 @@ namespace {
 ListRows Rows(const std::vector<std::vector<std::string>>& rows) {
     ListRows list;
     for (const std::vector<std::string>& row : rows) {
-        list.AddRow(row);
-        list.RowTag(list.LastIndex(), "tag of " + row[0]);
+        list.AddRow({row.begin(), row.end()});
+        list.RowTag(list.LastIndex(), row[0] + ":tag:" + row[0]);
     }
     return list;
 }
@@ -19,7 +19,8 @@ ListRows Rows(const std::vector<std::vector<std::string>>& rows) {
 std::string Column(const ListRows& list, std::int64_t column) {
     std::vector<std::string> texts;
     for (std::int64_t row = 0; row <= list.LastIndex(); ++row) {
-        EXPECT_EQ(list.RowTag(row), "tag of " + std::string(list.Cell(row, 0))) << "Rows move as a whole.";
+        EXPECT_EQ(list.RowTag(row), std::string(list.Cell(row, 0)) + ":tag:" + std::string(list.Cell(row, 0)))
+            << "Rows move as a whole.";
         texts.emplace_back(list.Cell(row, column));
     }
     return Join(texts, " ");
@@ -34,11 +35,12 @@ TEST(ListRows, KeepCellsAndTags) {
     list.Cell(0, 2, list.Cell(0, 0));
     EXPECT_EQ(Column(list, 4) + Column(list, 2), " xa ");
     list.RowTag(1, "");
-    EXPECT_EQ(list.RowTag(1), "");
+    list.RowTag(0, list.RowTag(0) + "bc");
+    EXPECT_EQ(list.RowTag(0) + list.RowTag(1), "a:tag:abc");
     list.RemoveRow(0);
     EXPECT_EQ(list.Cell(0, 0), "b");
     EXPECT_EQ(list.Cell(0, 4), "x");
-    list.AddRow(Array<std::string>{});
+    list.AddRow({});
     EXPECT_EQ(list.Cell(1, 0), "");
     const std::string large(1000, 'x');
     for (int i = 0; i < 9000; ++i) { // until what is lost has to be gathered
@@ -77,7 +79,7 @@ TEST(ListRows, SortWholeRowsAndTellWhereTheyWent) {
     EXPECT_EQ(Column(list, 0), "d a b C");
     list.Sort(1, true);
     list.AddRow({"e", "0"});
-    list.RowTag(4, "tag of e");
+    list.RowTag(4, "e:tag:e");
     list.Sort(1, true);
     EXPECT_EQ(Column(list, 0), "e C a b d");
     list.RemoveRow(0);

@@ -4,21 +4,36 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <numeric>
 
 namespace folimark {
 namespace {
 
-// A row's texts: the tag is part 0, the cell of column c part c + 1.
-constexpr std::size_t kTag = 0;
+// A row's texts are its cells, and behind them its tag: the index of its beginning, and the rest. A row that
+// never got a tag has an empty text there.
+using BeginningIndex = std::uint32_t;
+
 /// Bytes that may be lost before the rows are put together anew.
 constexpr std::size_t kMostWaste = std::size_t{1} << 20U;
 
-std::size_t PartOfColumn(std::int64_t column) {
+std::size_t CheckedColumn(std::int64_t column) {
     if (column < 0 || column >= ListRows::kMostColumns) {
         throw OutOfBoundsException("No list has a column " + Str(column) + ".");
     }
-    return static_cast<std::size_t>(column) + 1;
+    return static_cast<std::size_t>(column);
+}
+
+std::string_view CellOf(const char* row, std::size_t column) {
+    return column + 1 < RowStore::Count(row) ? RowStore::Text(row, column) : "";
+}
+
+std::vector<std::string_view> TextsOf(const char* row) {
+    std::vector<std::string_view> texts;
+    for (std::size_t i = 0; i < RowStore::Count(row); ++i) {
+        texts.push_back(RowStore::Text(row, i));
+    }
+    return texts;
 }
 
 } // namespace
@@ -30,55 +45,77 @@ std::size_t ListRows::Checked(std::int64_t row) const {
     return static_cast<std::size_t>(row);
 }
 
-void ListRows::AddRow(const std::vector<std::string>& cells) {
-    std::array<std::string_view, RowStore::kMostTexts> parts;
-    const std::size_t count = std::min(cells.size(), parts.size() - 1);
-    std::copy_n(cells.begin(), count, parts.begin() + 1);
-    rows_.push_back(store_.Add({parts.data(), count + 1}));
-    orderedBy_ = 0;
+void ListRows::AddRow(const std::vector<std::string_view>& cells) {
+    std::array<std::string_view, RowStore::kMostTexts> texts;
+    const std::size_t count = std::min(cells.size(), texts.size() - 1);
+    std::copy_n(cells.begin(), count, texts.begin());
+    rows_.push_back(store_.Add({texts.data(), count + 1}));
+    orderedBy_.reset();
 }
 
 void ListRows::RemoveRow(std::int64_t row) {
     const std::size_t index = Checked(row);
     store_.Remove(rows_[index]);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
-    orderedBy_ = 0;
+    orderedBy_.reset();
 }
 
 std::string_view ListRows::Cell(std::int64_t row, std::int64_t column) const {
-    return RowStore::Text(rows_[Checked(row)], PartOfColumn(column));
+    return CellOf(rows_[Checked(row)], CheckedColumn(column));
 }
 
 void ListRows::Cell(std::int64_t row, std::int64_t column, std::string_view text) {
-    Replace(Checked(row), PartOfColumn(column), text);
+    const std::size_t index = Checked(row);
+    const std::size_t cell = CheckedColumn(column);
+    std::vector<std::string_view> texts = TextsOf(rows_[index]);
+    if (cell + 1 >= texts.size()) {
+        texts.insert(texts.end() - 1, cell + 2 - texts.size(), "");
+    }
+    texts[cell] = text;
+    Replace(index, texts);
+    if (orderedBy_ == cell) {
+        orderedBy_.reset();
+    }
 }
 
-std::string_view ListRows::RowTag(std::int64_t row) const {
-    return RowStore::Text(rows_[Checked(row)], kTag);
+std::string ListRows::RowTag(std::int64_t row) const {
+    const char* const texts = rows_[Checked(row)];
+    const std::string_view tag = RowStore::Text(texts, RowStore::Count(texts) - 1);
+    BeginningIndex beginning = 0;
+    if (tag.empty()) {
+        return "";
+    }
+    std::memcpy(&beginning, tag.data(), sizeof beginning);
+    return std::string(beginnings_[beginning]).append(tag.substr(sizeof beginning));
+}
+
+std::string ListRows::StoredTag(std::string_view tag) {
+    const std::size_t size = tag.rfind(':') + 1;
+    const std::string_view beginning = tag.substr(0, size);
+    if (beginnings_.empty() || beginnings_.back() != beginning) {
+        beginnings_.emplace_back(beginning);
+    }
+    const auto index = static_cast<BeginningIndex>(beginnings_.size() - 1);
+    std::string stored(sizeof index, '\0');
+    std::memcpy(stored.data(), &index, sizeof index);
+    return stored.append(tag.substr(size));
 }
 
 void ListRows::RowTag(std::int64_t row, std::string_view tag) {
-    Replace(Checked(row), kTag, tag);
+    const std::size_t index = Checked(row);
+    const std::string stored = StoredTag(tag);
+    if (!store_.ChangeLast(rows_[index], stored)) {
+        std::vector<std::string_view> texts = TextsOf(rows_[index]);
+        texts.back() = stored;
+        Replace(index, texts);
+    }
 }
 
-void ListRows::Replace(std::size_t row, std::size_t part, std::string_view text) {
-    // Copies, since the old row's memory may become the new one's.
-    const std::string newText(text);
-    const std::size_t count = std::max(RowStore::Count(rows_[row]), part + 1);
-    std::string old;
-    std::array<std::size_t, RowStore::kMostTexts> ends{};
-    for (std::size_t i = 0; i < count; ++i) {
-        old.append(i == part ? newText : RowStore::Text(rows_[row], i));
-        ends[i] = old.size();
-    }
-    std::array<std::string_view, RowStore::kMostTexts> parts;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t start = i == 0 ? 0 : ends[i - 1];
-        parts[i] = std::string_view(old).substr(start, ends[i] - start);
-    }
-    store_.Remove(rows_[row]);
-    rows_[row] = store_.Add({parts.data(), count});
-    orderedBy_ = part == orderedBy_ ? 0 : orderedBy_;
+/// The texts may be the row's own, since these keep their memory until the store is compacted.
+void ListRows::Replace(std::size_t row, const std::vector<std::string_view>& texts) {
+    const char* const old = rows_[row];
+    rows_[row] = store_.Add(texts);
+    store_.Remove(old);
     if (store_.Waste() > kMostWaste && store_.Waste() > store_.Size() / 2) {
         Compact();
     }
@@ -87,12 +124,7 @@ void ListRows::Replace(std::size_t row, std::size_t part, std::string_view text)
 void ListRows::Compact() {
     RowStore compact;
     for (const char*& row : rows_) {
-        std::array<std::string_view, RowStore::kMostTexts> parts;
-        const std::size_t count = RowStore::Count(row);
-        for (std::size_t i = 0; i < count; ++i) {
-            parts[i] = RowStore::Text(row, i);
-        }
-        row = compact.Add({parts.data(), count});
+        row = compact.Add(TextsOf(row));
     }
     store_ = std::move(compact);
 }
@@ -132,8 +164,8 @@ std::vector<std::int64_t> ListRows::Put(const std::vector<std::size_t>& order) {
 }
 
 std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
-    const std::size_t part = PartOfColumn(column);
-    if (orderedBy_ == part) {
+    const std::size_t sorted = CheckedColumn(column);
+    if (orderedBy_ == sorted) {
         if (ascending_ != ascending) {
             ascending_ = ascending;
             return Put(TurnRound());
@@ -145,7 +177,7 @@ std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
     std::vector<std::string_view> texts;
     texts.reserve(rows_.size());
     for (const char* row : rows_) {
-        texts.push_back(RowStore::Text(row, part));
+        texts.push_back(CellOf(row, sorted));
     }
     std::vector<std::size_t> order = SortedOrder(texts, &repeats_);
     if (!ascending) {
@@ -157,7 +189,7 @@ std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
         }
         order = std::move(downwards);
     }
-    orderedBy_ = part;
+    orderedBy_ = sorted;
     ascending_ = ascending;
     return Put(order);
 }
@@ -167,10 +199,9 @@ std::int64_t ListRows::FindPrefix(std::string_view text, std::int64_t startRow,
     const std::string folded = FoldForSearch(text);
     const std::int64_t count = LastIndex() + 1;
     const std::int64_t start = startRow < 0 || startRow >= count ? 0 : startRow;
-    const std::size_t part = PartOfColumn(0);
     for (std::int64_t i = 0; i < count && !folded.empty(); ++i) {
         const std::int64_t row = start + i < count ? start + i : start + i - count;
-        std::string_view cell = RowStore::Text(rows_[static_cast<std::size_t>(row)], part);
+        std::string_view cell = CellOf(rows_[static_cast<std::size_t>(row)], 0);
         if (const auto last = cell.rfind(separator); !separator.empty() && last != std::string_view::npos) {
             cell.remove_prefix(last + separator.size());
         }

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "Array.h"
+#include "Exceptions.h"
 #include "RowStore.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,19 +14,16 @@
 namespace folimark {
 
 /// The rows of a list: each has a text for each column and a tag that isn't shown. Rows and columns count
-/// from 0. They are kept compactly, so that a million of them are no burden. A row outside the list, or
-/// a column that no list can have, raises OutOfBoundsException.
+/// from 0. They are kept compactly, so that a million of them are no burden: tags that follow each other may
+/// have all in common but what follows their last ":". A row outside the list, or a column that no list can
+/// have, raises OutOfBoundsException.
 class ListRows {
   public:
     /// Lists have far fewer columns than this.
     static constexpr std::int64_t kMostColumns = RowStore::kMostTexts - 1;
 
     /// Adds a row at the end, with one text for each column from the first on, and an empty tag.
-    void AddRow(const std::vector<std::string>& cells);
-    template <std::same_as<std::string> T>
-    void AddRow(const Array<T>& cells) {
-        AddRow(cells.Elements());
-    }
+    void AddRow(const std::vector<std::string_view>& cells);
 
     /// The rows below it move up by one.
     void RemoveRow(std::int64_t row);
@@ -37,7 +35,7 @@ class ListRows {
     /// removed.
     std::string_view Cell(std::int64_t row, std::int64_t column) const;
     void Cell(std::int64_t row, std::int64_t column, std::string_view text);
-    std::string_view RowTag(std::int64_t row) const;
+    std::string RowTag(std::int64_t row) const;
     void RowTag(std::int64_t row, std::string_view tag);
 
     /// Puts whole rows into the order of a column's texts. Rows with identical texts keep their order,
@@ -53,15 +51,17 @@ class ListRows {
 
   private:
     std::size_t Checked(std::int64_t row) const;
-    void Replace(std::size_t row, std::size_t part, std::string_view text);
+    std::string StoredTag(std::string_view tag);
+    void Replace(std::size_t row, const std::vector<std::string_view>& texts);
     void Compact();
     std::vector<std::size_t> TurnRound();
     std::vector<std::int64_t> Put(const std::vector<std::size_t>& order);
 
     RowStore store_;
     std::vector<const char*> rows_;
-    // By what the rows are in order: a part of them, and a direction. None (0) once they may not be any more.
-    std::size_t orderedBy_ = 0;
+    std::vector<std::string> beginnings_; // of tags, up to their last ":"
+    // By which column the rows are in order, and in which direction. None once they may not be any more.
+    std::optional<std::size_t> orderedBy_;
     bool ascending_ = true;
     std::vector<bool> repeats_; // of rows in order: does a row have the same text as the one above it?
 };

@@ -5,8 +5,8 @@
 namespace folimark {
 namespace {
 
-// A row is the number of its texts in a byte, the length of each, and then the texts. A length is written in
-// groups of seven bits, the lowest first, each but the last with the highest bit set: most take one byte.
+// A row is the number of its texts in a byte, and then the texts, each behind its length. A length is written
+// in groups of seven bits, the lowest first, each but the last with the highest bit set: most take one byte.
 
 constexpr std::size_t kBlock = std::size_t{1} << 20U;
 constexpr unsigned kMore = 0x80;
@@ -38,13 +38,28 @@ std::size_t ReadLength(const char*& place) {
     }
 }
 
-std::size_t SizeOfRow(const char* row) {
+std::string_view TakeText(const char*& place) {
+    const std::size_t length = ReadLength(place);
+    place += length;
+    return {place - length, length};
+}
+
+char* WriteText(char* place, std::string_view text) {
+    place = WriteLength(place, text.size());
+    return place + text.copy(place, text.size());
+}
+
+/// Where the text of that index begins, or the row ends.
+const char* PlaceOf(const char* row, std::size_t index) {
     const char* place = row + 1;
-    std::size_t texts = 0;
-    for (std::size_t i = RowStore::Count(row); i > 0; --i) {
-        texts += ReadLength(place);
+    for (; index > 0; --index) {
+        TakeText(place);
     }
-    return static_cast<std::size_t>(place - row) + texts;
+    return place;
+}
+
+std::size_t SizeOfRow(const char* row) {
+    return static_cast<std::size_t>(PlaceOf(row, RowStore::Count(row)) - row);
 }
 
 } // namespace
@@ -69,19 +84,35 @@ const char* RowStore::Add(std::span<const std::string_view> texts) {
     *row = static_cast<char>(texts.size());
     char* place = row + 1;
     for (const std::string_view text : texts) {
-        place = WriteLength(place, text.size());
-    }
-    for (const std::string_view text : texts) {
-        place += text.copy(place, text.size());
+        place = WriteText(place, text);
     }
     return row;
 }
 
+bool RowStore::IsLatest(const char* row) const {
+    return row + SizeOfRow(row) == blocks_.back().bytes.get() + blocks_.back().used;
+}
+
+bool RowStore::ChangeLast(const char* row, std::string_view text) {
+    Block& latest = blocks_.back();
+    if (!IsLatest(row)) {
+        return false;
+    }
+    const auto start = static_cast<std::size_t>(PlaceOf(row, Count(row) - 1) - latest.bytes.get());
+    const std::size_t used = start + SizeOfLength(text.size()) + text.size();
+    if (used > latest.size) {
+        return false;
+    }
+    WriteText(latest.bytes.get() + start, text);
+    size_ = size_ - latest.used + used;
+    latest.used = used;
+    return true;
+}
+
 void RowStore::Remove(const char* row) {
     const std::size_t size = SizeOfRow(row);
-    Block& latest = blocks_.back();
-    if (row + size == latest.bytes.get() + latest.used) {
-        latest.used -= size;
+    if (IsLatest(row)) {
+        blocks_.back().used -= size;
         size_ -= size;
     } else {
         waste_ += size;
@@ -92,15 +123,8 @@ std::string_view RowStore::Text(const char* row, std::size_t index) {
     if (index >= Count(row)) {
         return "";
     }
-    const char* place = row + 1;
-    std::size_t before = 0;
-    std::size_t length = 0;
-    for (std::size_t i = 0; i < Count(row); ++i) {
-        const std::size_t next = ReadLength(place);
-        before += i < index ? next : 0;
-        length = i == index ? next : length;
-    }
-    return {place + before, length};
+    const char* place = PlaceOf(row, index);
+    return TakeText(place);
 }
 
 } // namespace folimark

@@ -15,6 +15,8 @@ class RowStore {
   public:
     /// The row of these texts.
     const char* Add(std::span<const std::string_view> texts);
+    /// Changes a row's last text where it stands. False if something stands behind it, or there is no room.
+    bool ChangeLast(const char* row, std::string_view text);
     /// A row that is no longer wanted. Its memory is used again if it is the latest, and else lost (Waste).
     void Remove(const char* row);
     /// How many bytes are lost, and how many there are.
@@ -28,13 +30,15 @@ class RowStore {
     static constexpr std::size_t kMostTexts = 255;
 
   private:
-    char* Room(std::size_t size);
-
     struct Block {
         std::unique_ptr<char[]> bytes;
         std::size_t size;
         std::size_t used;
     };
+
+    char* Room(std::size_t size);
+    bool IsLatest(const char* row) const;
+
     std::vector<Block> blocks_;
     std::size_t waste_ = 0;
     std::size_t size_ = 0;

@@ -19,7 +19,7 @@ void Listbox::Headings(const std::vector<std::string>& headings) {
     }
 }
 
-void Listbox::AddRow(const std::vector<std::string>& cells) {
+void Listbox::AddRow(const std::vector<std::string_view>& cells) {
     rows_.AddRow(cells);
     if (NativeList* view = View()) {
         view->RowAdded();

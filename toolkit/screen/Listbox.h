@@ -28,7 +28,7 @@ class Listbox : public RectControl {
     static constexpr int kRowHeight = kUnitsPerRow;
 
     /// Adds one row at the end, one text for each column.
-    void AddRow(const std::vector<std::string>& cells);
+    void AddRow(const std::vector<std::string_view>& cells);
     void RemoveRow(std::int64_t row);
     void DeleteAllRows();
     std::int64_t LastIndex() const { return rows_.LastIndex(); }
@@ -39,7 +39,7 @@ class Listbox : public RectControl {
 
     std::string Cell(std::int64_t row, int column) const;
     void Cell(std::int64_t row, int column, const std::string& text);
-    std::string RowTag(std::int64_t row) const { return std::string(rows_.RowTag(row)); }
+    std::string RowTag(std::int64_t row) const { return rows_.RowTag(row); }
     void RowTag(std::int64_t row, const std::string& tag) { rows_.RowTag(row, tag); }
 
     /// The rows themselves, for whoever reads many of them.
