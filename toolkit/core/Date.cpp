@@ -1,6 +1,5 @@
 #include "Date.h"
 
-#include <array>
 #include <ctime>
 
 namespace folimark {
@@ -17,10 +16,16 @@ std::string Date::SQLDate() const {
     if (year > 9999) {
         return "9999-12-31";
     }
-    std::array<char, 16> text{};
-    std::strftime(text.data(), text.size(), "-%m-%d", &day);
-    std::string digits = std::to_string(year);
-    return digits.insert(0, 4 - digits.size(), '0') + text.data();
+    std::string text = "0000-00-00";
+    const auto write = [&text](std::size_t end, std::int64_t number) {
+        for (; number > 0; number /= 10) {
+            text[--end] = static_cast<char>('0' + number % 10);
+        }
+    };
+    write(4, year);
+    write(7, day.tm_mon + 1);
+    write(10, day.tm_mday);
+    return text;
 }
 
 } // namespace folimark

@@ -1,5 +1,6 @@
 #include "FolderItem.h"
 
+#include "FileTypeRegistry.h"
 #include "FolderListing.h"
 #include "ListedItem.h"
 #include "NamedItem.h"
@@ -51,7 +52,7 @@ const FolderListing& FolderItem::Entries() const {
     if (!entries_) {
         FolderPath way = WayInside();
         const Descriptor folder = way.Open(O_RDONLY);
-        entries_ = std::make_shared<const FolderListing>(std::move(way), folder);
+        entries_ = std::make_shared<const FolderListing>(std::move(way), folder, KnownExtensions());
     }
     return *entries_;
 }

@@ -49,7 +49,9 @@ std::unordered_set<std::string> HiddenNames(int folder) {
     return names;
 }
 
-FolderListing::FolderListing(FolderPath path, const Descriptor& folder) : path_(std::move(path)) {
+FolderListing::FolderListing(FolderPath path, const Descriptor& folder,
+                             std::shared_ptr<const ExtensionTable> types)
+    : path_(std::move(path)), types_(std::move(types)) {
     if (folder) {
         Read(folder.Get());
     } else {
@@ -71,8 +73,8 @@ void FolderListing::Read(int folder) {
                 continue;
             }
             hasHiddenFile = hasHiddenFile || name == kHiddenFile;
-            entries_.push_back({entry->d_ino, names_.size(), KindOf(entry->d_type, entry->d_name, folder),
-                                name.starts_with('.')});
+            entries_.push_back({entry->d_ino, names_.size(), types_->Find(name),
+                                KindOf(entry->d_type, entry->d_name, folder), name.starts_with('.')});
             names_.append(name) += '\0';
         }
     }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "FileTypeRegistry.h"
 #include "FolderPath.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -18,7 +20,7 @@ enum class EntryKind : std::uint8_t { File, Folder, Link, Other };
 class FolderListing {
   public:
     /// Reads the folder from the start. `folder` has been opened for that; if it is none, errno says why.
-    FolderListing(FolderPath path, const Descriptor& folder);
+    FolderListing(FolderPath path, const Descriptor& folder, std::shared_ptr<const ExtensionTable> types);
 
     const FolderPath& Path() const { return path_; }
     std::size_t Count() const { return entries_.size(); }
@@ -26,13 +28,19 @@ class FolderListing {
     std::string_view Name(std::size_t index) const { return names_.data() + entries_[index].name; }
     EntryKind Kind(std::size_t index) const { return entries_[index].kind; }
     bool Hidden(std::size_t index) const { return entries_[index].hidden; }
+    /// The type that a file of this name has; "" if none is known.
+    std::string_view Type(std::size_t index) const {
+        const std::string* const type = entries_[index].type;
+        return type == nullptr ? std::string_view() : *type;
+    }
     /// True if there is a folder, but not all of it could be read.
     bool Unreadable() const { return unreadable_; }
 
   private:
     struct Entry {
         std::uint64_t inode;
-        std::size_t name; // where it starts in names_, which ends each with a NUL
+        std::size_t name;        // where it starts in names_, which ends each with a NUL
+        const std::string* type; // null if none is known
         EntryKind kind;
         bool hidden;
     };
@@ -42,6 +50,7 @@ class FolderListing {
     void HideNamed(const std::unordered_set<std::string>& hiddenNames);
 
     FolderPath path_;
+    std::shared_ptr<const ExtensionTable> types_;
     std::vector<Entry> entries_;
     std::string names_;
     bool unreadable_ = false;

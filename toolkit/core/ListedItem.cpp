@@ -1,7 +1,6 @@
 #include "ListedItem.h"
 
 #include "ColonPath.h"
-#include "FileTypeRegistry.h"
 #include "NamedItem.h"
 
 namespace folimark {
@@ -16,7 +15,7 @@ void ListedItem::Walked(const ListedItem* item) {
 }
 
 Ref<FolderItem> ListedItem::WalkedAt(std::string_view colonPath) {
-    if (walkedItem == nullptr || !walkedItem->WasAsked() || walkedItem->AbsolutePath() != colonPath) {
+    if (walkedItem == nullptr || !walkedItem->WasAsked() || walkedItem->ColonPath() != colonPath) {
         return nullptr;
     }
     return New<NamedItem>(walkedItem->Path(), walkedItem->LastStatus());
@@ -30,19 +29,20 @@ bool ListedItem::Exists() const {
 std::string ListedItem::Type() const {
     const EntryKind kind = listing_->Kind(entry_);
     const bool isFile = kind == EntryKind::Link ? MayBeFile() : kind == EntryKind::File;
-    return isFile ? FileTypeOf(listing_->Name(entry_)) : "";
+    return std::string(isFile ? listing_->Type(entry_) : "");
 }
 
-std::string ListedItem::AbsolutePath() const {
-    const std::string& folder = listing_->Path().Colon();
-    const std::string_view name = listing_->Name(entry_);
-    std::string path;
-    path.reserve(folder.size() + name.size() + 1);
-    path.append(folder).append(FieldOfName(name));
-    if (Directory()) {
-        path += ':';
+const std::string& ListedItem::ColonPath() const {
+    if (colonPath_.empty()) {
+        const std::string& folder = listing_->Path().Colon();
+        const std::string_view name = listing_->Name(entry_);
+        colonPath_.reserve(folder.size() + name.size() + 1);
+        colonPath_.append(folder).append(FieldOfName(name));
+        if (Directory()) {
+            colonPath_ += ':';
+        }
     }
-    return path;
+    return colonPath_;
 }
 
 std::string ListedItem::Path() const {

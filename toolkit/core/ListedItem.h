@@ -19,7 +19,7 @@ class ListedItem final : public FolderItem {
     bool Visible() const override { return !listing_->Hidden(entry_); }
     bool Directory() const override { return listing_->Kind(entry_) == EntryKind::Folder; }
     std::string Type() const override;
-    std::string AbsolutePath() const override;
+    std::string AbsolutePath() const override { return ColonPath(); }
 
     /// What showed it.
     const FolderListing& Listing() const { return *listing_; }
@@ -39,8 +39,11 @@ class ListedItem final : public FolderItem {
     FolderPath WayInside() const override { return listing_->Path().Listed(listing_->Name(entry_)); }
 
   private:
+    const std::string& ColonPath() const;
+
     std::shared_ptr<const FolderListing> listing_;
     std::size_t entry_;
+    mutable std::string colonPath_; // once it has been asked for
 };
 
 } // namespace folimark

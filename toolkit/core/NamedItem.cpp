@@ -77,12 +77,11 @@ std::string NamedItem::Type() const {
 }
 
 std::string NamedItem::AbsolutePath() const {
-    std::string path = ColonPathOfFolder(path_);
-    const bool isFolder = LastStatus().exists ? Directory() : askedAsFolder_ || path_.empty();
-    if (!isFolder) {
-        path.pop_back();
+    if (colonPath_.empty()) {
+        colonPath_ = ColonPathOfFolder(path_);
     }
-    return path;
+    const bool isFolder = LastStatus().exists ? Directory() : askedAsFolder_ || path_.empty();
+    return colonPath_.substr(0, colonPath_.size() - (isFolder ? 0 : 1));
 }
 
 } // namespace folimark

@@ -30,6 +30,7 @@ class NamedItem final : public FolderItem {
 
   private:
     std::string path_;
+    mutable std::string colonPath_; // as a folder's, once it has been asked for
     bool askedAsFolder_ = false;
     mutable bool isFresh_ = false;
 };

@@ -33,7 +33,7 @@ ChangeTime ChangeOf(const Descriptor& folder) {
     return folder ? ChangeTime::Of(folder.Get()) : ChangeTime();
 }
 
-void ReadFolder(WalkStep& step) {
+void ReadFolder(WalkStep& step, const std::shared_ptr<const ExtensionTable>& types) {
     FolderPath way =
         step.way ? *step.way : step.in->Listing()->Path().Listed(step.in->Listing()->Name(step.first));
     const bool byName = step.in && step.in->Folder();
@@ -44,20 +44,19 @@ void ReadFolder(WalkStep& step) {
         if (folder) {
             step.changed = ChangeOf(folder);
         }
-        return std::make_shared<const FolderListing>(std::move(way), folder);
+        return std::make_shared<const FolderListing>(std::move(way), folder, types);
     }();
     step.folder = std::make_shared<const OpenFolder>(std::move(listing), std::move(folder));
 }
 
 /// What a walk's user is likely to want to know more of: where links lead, and files of a known type.
-bool IsWanted(const FolderListing& listing, std::size_t entry, const ExtensionTable& types) {
+bool IsWanted(const FolderListing& listing, std::size_t entry) {
     const EntryKind kind = listing.Kind(entry);
     return !listing.Hidden(entry)
-           && (kind == EntryKind::Link
-               || (kind == EntryKind::File && types.Find(listing.Name(entry)) != nullptr));
+           && (kind == EntryKind::Link || (kind == EntryKind::File && !listing.Type(entry).empty()));
 }
 
-void AskAboutEntries(WalkStep& step, const ExtensionTable& types) {
+void AskAboutEntries(WalkStep& step) {
     const FolderListing& listing = *step.in->Listing();
     Descriptor opened;
     if (!step.in->Folder()) {
@@ -70,7 +69,7 @@ void AskAboutEntries(WalkStep& step, const ExtensionTable& types) {
     answers->first = step.first;
     answers->statuses.resize(step.last - step.first);
     for (std::size_t entry = step.first; entry < step.last; ++entry) {
-        if (IsWanted(listing, entry, types)) {
+        if (IsWanted(listing, entry)) {
             answers->statuses[entry - step.first] =
                 folder ? AskStatus(folder.Get(), listing.Name(entry).data()) : FileStatus{.gone = gone};
         }
@@ -102,7 +101,7 @@ struct ReadAhead::Shared {
         step->asked = now;
         WalkStep copy = *step; // so that the step itself is touched under the lock only
         lock.unlock();
-        copy.kind == WalkStep::Kind::Folder ? ReadFolder(copy) : AskAboutEntries(copy, *types);
+        copy.kind == WalkStep::Kind::Folder ? ReadFolder(copy, types) : AskAboutEntries(copy);
         lock.lock();
         step->changed = copy.changed;
         step->folder = std::move(copy.folder);

@@ -89,6 +89,7 @@ std::string NthField(std::string_view text, std::string_view separator, std::int
 
 std::string ReplaceAll(std::string_view text, std::string_view wanted, std::string_view replacement) {
     std::string result;
+    result.reserve(text.size() + 2 * replacement.size()); // enough for most
     std::size_t first = 0;
     while (!wanted.empty()) {
         const std::size_t found = text.find(wanted, first);
