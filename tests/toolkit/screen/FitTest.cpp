@@ -36,6 +36,9 @@ void ExpectWhole(const Ref<Window>& window, const QRect& screen, const std::stri
     EXPECT_GE(list.rowHeight(0), list.fontMetrics().height()) << when;
     const QModelIndex selected = list.selectionModel()->currentIndex();
     EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(selected))) << when;
+    const int row = list.rowHeight(0);
+    const int cut = list.viewport()->height() % row;
+    EXPECT_TRUE(cut == 0 || cut == row - 1 || (3 * cut >= row && 3 * cut <= 2 * row)) << when << ": " << cut;
     const QHeaderView& headings = *list.horizontalHeader();
     EXPECT_TRUE(headings.isHidden() || headings.height() >= headings.fontMetrics().height()) << when;
 }

@@ -5,14 +5,34 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionHeader>
+#include <QTableView>
 
 #include <algorithm>
 
 namespace folimark {
+namespace {
+
+/// A row at the list's lower edge shows no more than two thirds of its height, and no less than one, or it is
+/// whole.
+constexpr int kMostCut = 2;
+constexpr int kRowParts = 3;
+
+} // namespace
 
 void Headings::initStyleOptionForIndex(QStyleOptionHeader* option, int column) const {
     QHeaderView::initStyleOptionForIndex(option, column);
     option->text.clear(); // paintSection draws it
+}
+
+QSize Headings::sizeHint() const {
+    QSize size = QHeaderView::sizeHint();
+    if (const auto* list = qobject_cast<const QTableView*>(parentWidget())) {
+        const int row = list->verticalHeader()->defaultSectionSize();
+        const int cut = std::max(0, list->contentsRect().height() - size.height()) % row;
+        const int most = row * kMostCut / kRowParts;
+        size.rheight() += cut < row - most ? cut : std::max(0, cut - most);
+    }
+    return size;
 }
 
 void Headings::paintSection(QPainter* painter, const QRect& section, int column) const {

@@ -104,6 +104,7 @@ void ListView::Measure(int rowHeight) {
     if (rowHeight != rowHeight_) {
         rowHeight_ = rowHeight;
         verticalHeader()->setDefaultSectionSize(rowHeight);
+        updateGeometries(); // The headings' height goes with it, too.
         ShareWidth();
     }
 }

@@ -137,7 +137,7 @@ void WindowFrame::Fit() {
         own.boundedTo(rest.expandedTo(Least(layout_, height_, rowHeight_, 1)).boundedTo(room.size()))
             .expandedTo(least);
     AskFor(size, own, least);
-    const QPoint last(room.right() + 1 - size.width(), room.bottom() + 1 - size.height());
+    const QPoint last(room.right() + 1 - asked_.width(), room.bottom() + 1 - asked_.height());
     place_ = QPoint(std::clamp(wanted.x(), room.left(), std::max(room.left(), last.x())),
                     std::clamp(wanted.y(), room.top(), std::max(room.top(), last.y())));
     corrections_ = kMostCorrections;
@@ -147,8 +147,13 @@ void WindowFrame::Fit() {
 
 void WindowFrame::AskFor(QSize size, QSize own, QSize least) {
     const QScopedValueRollback asking(asking_, true);
-    asked_ = size;
     if (layout_.resizeable) {
+        // It grows and shrinks by whole rows.
+        const int rows = (own.height() - size.height() + rowHeight_ - 1) / rowHeight_;
+        size.setHeight(std::max(least.height(), own.height() - rows * rowHeight_));
+        winId(); // makes the window, which takes these itself: its widget keeps them to itself
+        windowHandle()->setBaseSize(QSize(0, PixelsOf(layout_.minHeight, rowHeight_) + Bars().height()));
+        windowHandle()->setSizeIncrement(QSize(1, rowHeight_));
         setMinimumSize(QSize(size.width(), std::min(PixelsOf(layout_.minHeight, rowHeight_), size.height()))
                        + Bars());
         setMaximumSize(size.width(),
@@ -158,6 +163,7 @@ void WindowFrame::AskFor(QSize size, QSize own, QSize least) {
         setMinimumSize(size == own ? own + Bars() : least.boundedTo(size) + Bars());
         setMaximumSize(own + Bars());
     }
+    asked_ = size;
     resize(size + Bars());
     Arrange();
 }
