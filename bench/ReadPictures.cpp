@@ -88,7 +88,8 @@ int main(int count, char** arguments) {
             continue;
         }
         const auto start = std::chrono::steady_clock::now();
-        const std::optional<DecodedPicture> picture = ReadPicture(file.string(), type, kRoom, kRoom);
+        const std::optional<DecodedPicture> picture =
+            ReadPicture({file.string(), type, kRoom, kRoom}).picture;
         const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
         const std::string outcome = OutcomeOf(picture);
         std::printf("%-17s %-10s %7.1f %6dx%-6d %s\n", type.c_str(), outcome.c_str(), time.count(),

@@ -1,13 +1,9 @@
 #include "PictureProcess.h"
 
-#include "PictureReader.h"
-
 #include <utility>
 
 namespace folimark {
 namespace {
-
-PictureRefusal lastRefusal = PictureRefusal::None;
 
 PictureReader& TheReader() {
     static PictureReader reader;
@@ -21,19 +17,8 @@ std::string& Executable() {
 
 } // namespace
 
-std::optional<DecodedPicture> ReadPicture(const std::string& path, std::string_view type, int wantedWidth,
-                                          int wantedHeight) {
-    PictureReading reading = TheReader().Read({path, std::string(type), wantedWidth, wantedHeight});
-    lastRefusal = reading.refusal;
-    return std::move(reading.picture);
-}
-
-PictureRefusal LastRefusal() {
-    return lastRefusal;
-}
-
-bool PictureProcessIsBroken() {
-    return TheReader().IsBroken();
+PictureReading ReadPicture(const PictureQuestion& question) {
+    return TheReader().Read(question);
 }
 
 void EndPictureProcess() {

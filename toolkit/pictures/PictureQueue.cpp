@@ -1,5 +1,7 @@
 #include "PictureQueue.h"
 
+#include "PictureProcess.h"
+
 #include <algorithm>
 #include <array>
 #include <chrono>

@@ -40,7 +40,8 @@ Descriptor FileWith(const std::string& content) {
 
 std::optional<DecodedPicture> Read(const std::string& content, std::string_view type, int width, int height) {
     const Descriptor file = FileWith(content);
-    return ReadPicture("/proc/self/fd/" + std::to_string(file.Get()), type, width, height);
+    return ReadPicture({"/proc/self/fd/" + std::to_string(file.Get()), std::string(type), width, height})
+        .picture;
 }
 
 std::string Quarters(const std::optional<DecodedPicture>& picture) {

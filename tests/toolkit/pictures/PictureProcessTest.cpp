@@ -117,11 +117,12 @@ TEST_F(PictureProcess, CanDoNothingButDecode) {
     const int landlock = LandlockVersion();
     const auto expectHeld = [&](const std::string& walls, auto isHeld) {
         EndPictureProcess();
-        EXPECT_TRUE(ReadPicture(folder.Path("a.jpg"), walls, 0, 0)) << walls;
+        EXPECT_TRUE(ReadPicture({folder.Path("a.jpg"), walls}).picture) << walls;
         for (std::size_t i = 0; i < Escapes().size(); ++i) {
             if (isHeld(Escapes()[i])) {
-                const auto answer = ReadPicture(folder.Path("a.jpg"), "try " + std::to_string(i), 0, 0);
-                EXPECT_EQ(Sizes(answer), kGood) << walls << ": " << Escapes()[i].name; // 2 wide if it could
+                const auto reading = ReadPicture({folder.Path("a.jpg"), "try " + std::to_string(i)});
+                EXPECT_EQ(Sizes(reading.picture), kGood)
+                    << walls << ": " << Escapes()[i].name; // 2 wide if it could
             }
         }
     };
@@ -140,19 +141,21 @@ TEST_F(PictureProcess, CanDoNothingButDecode) {
 }
 
 TEST_F(PictureProcess, IsToldFromAFileThatCantBeRead) {
+    const TestFolder folder{"a.jpg"};
     const struct {
         const char* executable;
         const char* how;
-        bool isBroken;
-    } cases[] = {{"/nowhere", "well", true},
-                 {"/bin/true", "well", true},
-                 {MISBEHAVING_PICTURES, "die", false},
-                 {MISBEHAVING_PICTURES, "lie below zero", false}};
+        PictureRefusal refusal;
+    } cases[] = {{"/nowhere", "well", PictureRefusal::ReaderIsBroken},
+                 {"/bin/true", "well", PictureRefusal::ReaderIsBroken},
+                 {MISBEHAVING_PICTURES, "die", PictureRefusal::Damaged},
+                 {MISBEHAVING_PICTURES, "lie below zero", PictureRefusal::None}};
     for (const auto& c : cases) {
         EndPictureProcess();
         SetPictureProcessExecutable(c.executable);
-        EXPECT_EQ(Behave(c.how), "nothing");
-        EXPECT_EQ(PictureProcessIsBroken(), c.isBroken) << c.executable << ", " << c.how;
+        const PictureReading reading = ReadPicture({folder.Path("a.jpg"), c.how});
+        EXPECT_FALSE(reading.picture);
+        EXPECT_EQ(reading.refusal, c.refusal) << c.executable << ", " << c.how;
     }
 }
 
@@ -161,8 +164,7 @@ TEST_F(PictureProcess, IsNotNeededWhereThereIsNoFile) {
     ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
     for (const std::string& path :
          {folder.Path("pipe"), folder.Path("sub"), folder.Path("none"), std::string()}) {
-        EXPECT_FALSE(ReadPicture(path, "well", 0, 0)) << path;
-        EXPECT_EQ(LastRefusal(), PictureRefusal::Unreadable);
+        EXPECT_EQ(ReadPicture({path, "well"}).refusal, PictureRefusal::Unreadable) << path;
     }
     WaitForLastChild();
 }

@@ -44,7 +44,7 @@ class PictureTooLarge : public std::runtime_error {
     PictureTooLarge() : std::runtime_error("the picture is too large") {}
 };
 
-/// The size in which to decode a picture for a box of the size `wanted`, as ReadPicture promises it.
+/// The size in which to decode a picture for a box of the size `wanted`, as PictureQuestion promises it.
 Size SizeFor(Size picture, Size wanted, bool mayEnlarge = false);
 
 /// A pixel of Pixels::argb.

@@ -56,9 +56,9 @@ Picture::Picture(std::unique_ptr<NativePicture> native) : native_(std::move(nati
 Picture::~Picture() = default;
 
 Ref<Picture> Picture::Open(const Ref<FolderItem>& file, int roomWidth, int roomHeight) {
-    const std::optional<DecodedPicture> decoded =
-        ReadPicture(file->NativePath(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight));
-    return decoded ? MakePicture(*decoded) : Ref<Picture>();
+    const PictureReading reading = ReadPicture(
+        {file->NativePath(), file->Type(), InDevicePixels(roomWidth), InDevicePixels(roomHeight)});
+    return reading.picture ? MakePicture(*reading.picture) : Ref<Picture>();
 }
 
 Ref<Picture> Picture::FromResource(const std::string& fileName) {
