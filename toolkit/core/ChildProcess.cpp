@@ -1,5 +1,7 @@
 #include "ChildProcess.h"
 
+#include "Finally.h"
+
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -17,50 +19,26 @@ namespace {
 
 constexpr int kPassed = STDERR_FILENO + 1;
 
-/// What the child's descriptors become; 0, or the number of an error.
-class FileActions {
-  public:
-    explicit FileActions(const ChildStart& start) {
-        posix_spawn_file_actions_init(&actions_);
-        if (start.passed >= 0) {
-            posix_spawn_file_actions_adddup2(&actions_, start.passed, kPassed);
-        }
-        for (int number = STDIN_FILENO; number <= STDERR_FILENO; ++number) {
-            if (number != STDERR_FILENO || !start.keepsErrorOutput) {
-                posix_spawn_file_actions_addopen(&actions_, number, "/dev/null", O_RDWR, 0);
-            }
-        }
-        posix_spawn_file_actions_addclosefrom_np(&actions_, start.passed >= 0 ? kPassed + 1 : kPassed);
+/// Says what the child's descriptors become.
+void SetDescriptors(posix_spawn_file_actions_t& actions, const ChildStart& start) {
+    if (start.passed >= 0) {
+        posix_spawn_file_actions_adddup2(&actions, start.passed, kPassed);
     }
-    FileActions(const FileActions&) = delete;
-    FileActions& operator=(const FileActions&) = delete;
-    ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
-    const posix_spawn_file_actions_t* Get() const { return &actions_; }
-
-  private:
-    posix_spawn_file_actions_t actions_{};
-};
-
-class Attributes {
-  public:
-    Attributes() {
-        posix_spawnattr_init(&attributes_);
-        sigset_t signals;
-        sigemptyset(&signals);
-        posix_spawnattr_setsigmask(&attributes_, &signals);
-        std::memset(&signals, 0xFF, sizeof signals); // sigfillset leaves out those that the C library uses
-        posix_spawnattr_setsigdefault(&attributes_, &signals);
-        posix_spawnattr_setflags(&attributes_,
-                                 POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
+    for (int number = STDIN_FILENO; number <= STDERR_FILENO; ++number) {
+        if (number != STDERR_FILENO || !start.keepsErrorOutput) {
+            posix_spawn_file_actions_addopen(&actions, number, "/dev/null", O_RDWR, 0);
+        }
     }
-    Attributes(const Attributes&) = delete;
-    Attributes& operator=(const Attributes&) = delete;
-    ~Attributes() { posix_spawnattr_destroy(&attributes_); }
-    const posix_spawnattr_t* Get() const { return &attributes_; }
+    posix_spawn_file_actions_addclosefrom_np(&actions, start.passed >= 0 ? kPassed + 1 : kPassed);
+}
 
-  private:
-    posix_spawnattr_t attributes_{};
-};
+void SetSignals(posix_spawnattr_t& attributes) {
+    sigset_t signals;
+    sigemptyset(&signals);
+    posix_spawnattr_setsigmask(&attributes, &signals);
+    std::memset(&signals, 0xFF, sizeof signals); // sigfillset leaves out those that the C library uses
+    posix_spawnattr_setsigdefault(&attributes, &signals);
+}
 
 /// As the system takes lists of strings: it reads them only, and a null pointer ends them.
 std::vector<char*> Pointers(const std::vector<std::string>& strings) {
@@ -95,9 +73,19 @@ std::optional<ChildProcess> StartChild(const ChildStart& start) {
     const std::vector<char*> arguments = Pointers(start.command);
     const std::vector<char*> environment =
         start.environment ? Pointers(*start.environment) : std::vector<char*>();
+    posix_spawn_file_actions_t actions{};
+    posix_spawn_file_actions_init(&actions);
+    const Finally endActions([&] { posix_spawn_file_actions_destroy(&actions); });
+    SetDescriptors(actions, start);
+    posix_spawnattr_t attributes{};
+    posix_spawnattr_init(&attributes);
+    const Finally endAttributes([&] { posix_spawnattr_destroy(&attributes); });
+    SetSignals(attributes);
+    posix_spawnattr_setflags(&attributes,
+                             POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSID);
     ChildProcess child;
-    errno = posix_spawnp(&child.id, arguments[0], FileActions(start).Get(), Attributes().Get(),
-                         arguments.data(), start.environment ? environment.data() : environ);
+    errno = posix_spawnp(&child.id, arguments[0], &actions, &attributes, arguments.data(),
+                         start.environment ? environment.data() : environ);
     if (errno != 0) {
         return std::nullopt;
     }

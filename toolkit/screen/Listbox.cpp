@@ -8,32 +8,33 @@
 
 namespace folimark {
 
+template <class... Parameters>
+void Listbox::ToView(void (NativeList::*tell)(Parameters...),
+                     const std::type_identity_t<Parameters>&... arguments) const {
+    if (NativeList* view = View()) {
+        (view->*tell)(arguments...);
+    }
+}
+
 void Listbox::Headings(const std::vector<std::string>& headings) {
     columns_.clear();
     for (const std::string& heading : headings) {
         columns_.push_back({.heading = heading});
     }
     hasHeading_ = true;
-    if (NativeList* view = View()) {
-        view->Reset();
-    }
+    ToView(&NativeList::Reset);
 }
 
 void Listbox::AddRow(const std::vector<std::string_view>& cells) {
     rows_.AddRow(cells);
-    if (NativeList* view = View()) {
-        view->RowAdded();
-    }
+    ToView(&NativeList::RowAdded);
 }
 
 void Listbox::RemoveRow(std::int64_t row) {
     if (row < 0 || row > LastIndex()) {
         throw OutOfBoundsException("A list has no row " + std::to_string(row) + " to remove.");
     }
-    NativeList* const view = View();
-    if (view != nullptr) {
-        view->BeginRemove(row);
-    }
+    ToView(&NativeList::BeginRemove, row);
     rows_.RemoveRow(row);
     const bool wasSelected = row == listIndex_;
     if (wasSelected) {
@@ -41,20 +42,16 @@ void Listbox::RemoveRow(std::int64_t row) {
     } else if (row < listIndex_) {
         --listIndex_; // The selected row itself has moved up.
     }
-    if (view != nullptr) {
-        view->EndRemove();
-    }
+    ToView(&NativeList::EndRemove);
     if (wasSelected) {
-        RaiseChange();
+        Raise(Change, *this);
     }
 }
 
 void Listbox::DeleteAllRows() {
     rows_.DeleteAllRows();
     listIndex_ = -1;
-    if (NativeList* view = View()) {
-        view->Reset();
-    }
+    ToView(&NativeList::Reset);
 }
 
 void Listbox::ListIndex(std::int64_t row) {
@@ -63,11 +60,9 @@ void Listbox::ListIndex(std::int64_t row) {
     }
     const bool changes = row != listIndex_;
     listIndex_ = row;
-    if (NativeList* view = View()) {
-        view->ShowSelection();
-    }
+    ToView(&NativeList::ShowSelection);
     if (changes) {
-        RaiseChange();
+        Raise(Change, *this);
     }
 }
 
@@ -79,16 +74,12 @@ std::string Listbox::Cell(std::int64_t row, int column) const {
 void Listbox::Cell(std::int64_t row, int column, const std::string& text) {
     Checked(column);
     rows_.Cell(row, column, text);
-    if (NativeList* view = View()) {
-        view->CellChanged(row, column);
-    }
+    ToView(&NativeList::CellChanged, row, column);
 }
 
 void Listbox::ColumnWidths(const std::string& widths) {
     columnWidths_ = widths;
-    if (NativeList* view = View()) {
-        view->ShowColumns(widths);
-    }
+    ToView(&NativeList::ShowColumns, widths);
 }
 
 std::size_t Listbox::Checked(int column) const {
@@ -119,9 +110,7 @@ void Listbox::Sort() {
     if (listIndex_ >= 0) {
         listIndex_ = newRows[static_cast<std::size_t>(listIndex_)];
     }
-    if (NativeList* view = View()) {
-        view->Sorted(sortedColumn_, ascending);
-    }
+    ToView(&NativeList::Sorted, sortedColumn_, ascending);
 }
 
 void Listbox::ClickHeading(const ToolkitKey&, int column) {
@@ -136,7 +125,7 @@ void Listbox::ClickHeading(const ToolkitKey&, int column) {
 void Listbox::SelectByUser(const ToolkitKey&, std::int64_t row) {
     FromUser([this, row] {
         if (row == listIndex_) {
-            RaiseChange();
+            Raise(Change, *this);
         } else {
             ListIndex(std::min(row, LastIndex()));
         }
@@ -144,11 +133,7 @@ void Listbox::SelectByUser(const ToolkitKey&, std::int64_t row) {
 }
 
 void Listbox::DoubleClickByUser(const ToolkitKey&) {
-    FromUser([this] {
-        if (const auto handler = DoubleClick) {
-            handler(*this);
-        }
-    });
+    FromUser([this] { Raise(DoubleClick, *this); });
 }
 
 bool Listbox::PaintCellBackground(const ToolkitKey&, Graphics& graphics, std::int64_t row, int column) {
@@ -162,9 +147,7 @@ bool Listbox::PaintCellBackground(const ToolkitKey&, Graphics& graphics, std::in
 }
 
 void Listbox::MarksChanged() {
-    if (NativeList* view = View()) {
-        view->MarksChanged();
-    }
+    ToView(&NativeList::MarksChanged);
 }
 
 std::string Listbox::NoteOf(const ToolkitKey&, std::int64_t row, int column) {
@@ -207,12 +190,6 @@ void Listbox::Copy(const ToolkitKey& key) {
             CopyToClipboard(CopyText(*this));
         }
     });
-}
-
-void Listbox::RaiseChange() {
-    if (const auto handler = Change) {
-        handler(*this);
-    }
 }
 
 } // namespace folimark

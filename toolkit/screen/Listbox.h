@@ -126,8 +126,10 @@ class Listbox : public RectControl {
 
     /// Null while there is none.
     NativeList* View() const;
+    template <class... Parameters>
+    void ToView(void (NativeList::*tell)(Parameters...),
+                const std::type_identity_t<Parameters>&... arguments) const;
     std::size_t Checked(int column) const;
-    void RaiseChange();
 
     ListRows rows_;
     std::vector<Column> columns_{1};

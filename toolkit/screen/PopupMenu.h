@@ -21,8 +21,6 @@ class PopupMenu : public RectControl {
     void MakeWidget(WindowFrame& frame) override;
 
   private:
-    void RaiseChange();
-
     std::vector<std::string> rows_;
     int listIndex_ = -1;
 };

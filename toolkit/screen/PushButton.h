@@ -27,8 +27,6 @@ class PushButton : public RectControl {
     void MakeWidget(WindowFrame& frame) override;
 
   private:
-    void RunAction();
-
     std::string caption_;
     bool default_ = false;
     bool cancel_ = false;

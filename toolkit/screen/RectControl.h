@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
 
 namespace folimark {
 
@@ -70,6 +71,15 @@ class RectControl : public Object {
     /// The widget behind the control, which may have gone.
     NativeControl& Native() const { return *native_; }
 
+    /// Runs an event's handler, if there is one. It is a copy that runs: a handler may be replaced meanwhile,
+    /// or go with its control.
+    template <class... Arguments>
+    static void Raise(const std::function<void(Arguments...)> handler,
+                      std::type_identity_t<Arguments>... arguments) {
+        if (handler) {
+            handler(arguments...);
+        }
+    }
     /// Runs `handler` as an event that the user caused, with the window kept alive until it returns.
     void FromUser(const std::function<void()>& handler) const;
     /// The same for a handler that only paints, or answers what is going to be painted.

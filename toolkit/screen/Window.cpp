@@ -37,9 +37,7 @@ void Window::Build() {
         native_->BuildMenus();
     }
     for (const Ref<RectControl>& control : controls_) {
-        if (const auto handler = control->Open) {
-            handler();
-        }
+        RectControl::Raise(control->Open);
     }
     native_->Prepare();
     Event_Open();

@@ -62,16 +62,6 @@ bool HasPalette(Bytes file) {
     return !FindBox(FindBox(file, FourCC("jp2h")), FourCC("pclr")).empty();
 }
 
-struct CodecRelease {
-    void operator()(opj_codec_t* codec) const { opj_destroy_codec(codec); }
-};
-struct StreamRelease {
-    void operator()(opj_stream_t* stream) const { opj_stream_destroy(stream); }
-};
-struct ImageRelease {
-    void operator()(opj_image_t* image) const { opj_image_destroy(image); }
-};
-
 /// How often the picture may be halved, of the times that the file allows, without becoming smaller than
 /// `size`.
 OPJ_UINT32 HalvingsFor(opj_codec_t* codec, Size picture, Size size) {
@@ -92,9 +82,10 @@ OPJ_UINT32 HalvingsFor(opj_codec_t* codec, Size picture, Size size) {
 
 std::optional<Pixels> DecodeJpeg2000(Bytes file, Size wanted) {
     const bool isBare = !file.empty() && file[0] == 0xFF; // a codestream without boxes around it
-    const std::unique_ptr<opj_codec_t, CodecRelease> codec(
-        opj_create_decompress(isBare ? OPJ_CODEC_J2K : OPJ_CODEC_JP2));
-    const std::unique_ptr<opj_stream_t, StreamRelease> stream(opj_stream_default_create(OPJ_TRUE));
+    const std::unique_ptr<opj_codec_t, decltype(&opj_destroy_codec)> codec(
+        opj_create_decompress(isBare ? OPJ_CODEC_J2K : OPJ_CODEC_JP2), &opj_destroy_codec);
+    const std::unique_ptr<opj_stream_t, decltype(&opj_stream_destroy)> stream(
+        opj_stream_default_create(OPJ_TRUE), &opj_stream_destroy);
     Source source{file};
     opj_stream_set_user_data(stream.get(), &source, nullptr);
     opj_stream_set_user_data_length(stream.get(), file.size());
@@ -113,7 +104,7 @@ std::optional<Pixels> DecodeJpeg2000(Bytes file, Size wanted) {
     if (opj_read_header(stream.get(), codec.get(), &head) == OPJ_FALSE) {
         return std::nullopt;
     }
-    const std::unique_ptr<opj_image_t, ImageRelease> image(head);
+    const std::unique_ptr<opj_image_t, decltype(&opj_image_destroy)> image(head, &opj_image_destroy);
     // The first component is the picture; the others are stretched to it.
     if (image->numcomps == 0) {
         return std::nullopt;

@@ -35,13 +35,6 @@ Range RangeOf(VipsBandFormat format, double least, double most) {
     return {0, 4294967295.0};
 }
 
-/// One step of a computation; null if it, or the one before it, has failed.
-template <class Operation, class... Arguments>
-Vips Then(const Vips& input, Operation operation, Arguments... arguments) {
-    VipsImage* output = nullptr;
-    return Vips(input && operation(input.get(), &output, arguments..., nullptr) == 0 ? output : nullptr);
-}
-
 /// The whole of the picture, decoded and brought to 8 bits.
 std::optional<Pixels> DecodeStretched(Vips image, Size wanted) {
     const Size picture = UprightSize(image.get());
@@ -63,20 +56,14 @@ std::optional<Pixels> DecodeStretched(Vips image, Size wanted) {
     if (!(most > least)) {
         return std::nullopt;
     }
-    VipsImage* stretched = nullptr;
     const double scale = 255 / (most - least);
-    if (vips_linear1(image.get(), &stretched, scale, -least * scale, "uchar", TRUE, nullptr) != 0) {
-        return std::nullopt;
-    }
-    const Vips inBytes(stretched);
-    std::size_t length = 0;
-    const std::unique_ptr<void, decltype(&g_free)> samples(vips_image_write_to_memory(stretched, &length),
-                                                           &g_free);
+    image = Then(image, vips_linear1, scale, -least * scale, "uchar", TRUE);
+    const auto [samples, length] = MemoryOf(image);
     if (!samples) {
         return std::nullopt;
     }
-    const auto* first = static_cast<const std::uint8_t*>(samples.get());
-    return Scaled({picture, picture, colours, isCmyk, {}, {first, first + length}, 1}, wanted);
+    return Scaled({picture, picture, colours, isCmyk, {}, {samples.get(), samples.get() + length}, 1},
+                  wanted);
 }
 
 /// Whether a picture of 16 bits a sample uses an eighth of its brightness at most, as one of 12 bits does.

@@ -46,27 +46,22 @@ Size UprightSize(VipsImage* image) {
     return Upright({vips_image_get_width(image), vips_image_get_height(image)}, image);
 }
 
-std::optional<Pixels> PixelsOf(VipsImage* image, Size picture) {
-    VipsImage* colours = nullptr;
-    if (vips_colourspace(image, &colours, VIPS_INTERPRETATION_sRGB, nullptr) != 0) {
-        return std::nullopt;
-    }
-    const Vips inColours(colours);
-    VipsImage* bytes = nullptr;
-    if (vips_cast_uchar(colours, &bytes, nullptr) != 0) {
-        return std::nullopt;
-    }
-    const Vips inBytes(bytes);
-    const int bands = vips_image_get_bands(bytes);
+std::pair<std::unique_ptr<std::uint8_t[], GlibRelease>, std::size_t> MemoryOf(const Vips& image) {
     std::size_t length = 0;
-    const std::unique_ptr<void, decltype(&g_free)> samples(vips_image_write_to_memory(bytes, &length),
-                                                           &g_free);
-    if (!samples || bands < 3) {
+    void* memory = image ? vips_image_write_to_memory(image.get(), &length) : nullptr;
+    return {std::unique_ptr<std::uint8_t[], GlibRelease>(static_cast<std::uint8_t*>(memory)), length};
+}
+
+std::optional<Pixels> PixelsOf(const Vips& image, Size picture) {
+    const Vips bytes = Then(Then(image, vips_colourspace, VIPS_INTERPRETATION_sRGB), vips_cast_uchar);
+    const auto [samples, length] = MemoryOf(bytes);
+    const int bands = samples ? vips_image_get_bands(bytes.get()) : 0;
+    if (bands < 3) {
         return std::nullopt;
     }
-    Pixels pixels{picture, {vips_image_get_width(bytes), vips_image_get_height(bytes)}, {}};
+    Pixels pixels{picture, {vips_image_get_width(bytes.get()), vips_image_get_height(bytes.get())}, {}};
     pixels.argb.resize(length / static_cast<std::size_t>(bands));
-    const auto* sample = static_cast<const std::uint8_t*>(samples.get());
+    const std::uint8_t* sample = samples.get();
     for (std::uint32_t& pixel : pixels.argb) {
         pixel = PixelAt(sample, bands);
         sample += bands;
@@ -85,17 +80,14 @@ std::optional<Pixels> Scaled(const Samples& samples, Size wanted) {
     const Vips borrowed(vips_image_new_from_memory(samples.bytes.data(), samples.bytes.size(),
                                                    samples.size.width, samples.size.height,
                                                    samples.samplesPerPixel, VIPS_FORMAT_UCHAR));
-    if (!borrowed) {
-        return std::nullopt;
-    }
     const VipsInterpretation colours = samples.isCmyk                ? VIPS_INTERPRETATION_CMYK
                                        : samples.samplesPerPixel < 3 ? VIPS_INTERPRETATION_B_W
                                                                      : VIPS_INTERPRETATION_sRGB;
-    VipsImage* described = nullptr;
-    if (vips_copy(borrowed.get(), &described, "interpretation", colours, nullptr) != 0) {
+    const Vips input = Then(borrowed, vips_copy, "interpretation", colours);
+    if (!input) {
         return std::nullopt;
     }
-    const Vips input(described);
+    VipsImage* described = input.get();
     // Read from the top to the bottom; any other way gets slower with the square of the height.
     vips_image_set_int(described, VIPS_META_SEQUENTIAL, 1);
     if (!samples.profile.empty()) {
@@ -105,14 +97,9 @@ std::optional<Pixels> Scaled(const Samples& samples, Size wanted) {
     vips_image_set_int(described, VIPS_META_ORIENTATION, samples.orientation);
     const Size picture = Upright(samples.picture, described);
     const Size size = SizeFor(picture, wanted);
-    VipsImage* scaled = nullptr;
-    if (vips_thumbnail_image(described, &scaled, size.width, "height", size.height, "size", VIPS_SIZE_FORCE,
-                             "export_profile", ProfileFor(described), nullptr)
-        != 0) {
-        return std::nullopt;
-    }
-    const Vips output(scaled);
-    return PixelsOf(scaled, picture);
+    return PixelsOf(Then(input, vips_thumbnail_image, size.width, "height", size.height, "size",
+                         VIPS_SIZE_FORCE, "export_profile", ProfileFor(described)),
+                    picture);
 }
 
 } // namespace folimark

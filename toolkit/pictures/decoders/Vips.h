@@ -3,6 +3,7 @@
 #include "Pixels.h"
 
 #include <memory>
+#include <utility>
 #include <vips/vips.h>
 
 namespace folimark {
@@ -11,6 +12,21 @@ struct VipsRelease {
     void operator()(VipsImage* image) const { g_object_unref(image); }
 };
 using Vips = std::unique_ptr<VipsImage, VipsRelease>;
+
+struct GlibRelease {
+    void operator()(void* memory) const { g_free(memory); }
+};
+
+/// One step of a computation, with what it takes beside its input; null if it, or the one before it, has
+/// failed.
+template <class Operation, class... Arguments>
+Vips Then(const Vips& input, Operation operation, Arguments... arguments) {
+    VipsImage* output = nullptr;
+    return Vips(input && operation(input.get(), &output, arguments..., nullptr) == 0 ? output : nullptr);
+}
+
+/// All samples of a picture, and how many bytes they take; null if its computation fails, or has failed.
+std::pair<std::unique_ptr<std::uint8_t[], GlibRelease>, std::size_t> MemoryOf(const Vips& image);
 
 /// Starts libvips at the first call, with none of its loaders but those that this process uses.
 bool StartVips();
@@ -22,7 +38,7 @@ Vips ReadHead(Bytes file);
 Size UprightSize(VipsImage* image);
 
 /// The pixels of `image`, whatever its kind of samples; `picture` is the own size that they stand for.
-std::optional<Pixels> PixelsOf(VipsImage* image, Size picture);
+std::optional<Pixels> PixelsOf(const Vips& image, Size picture);
 
 /// The name for the option "export_profile" of libvips' scaling: sRGB for an `image` that has a profile of
 /// its own, none for one without. That is sRGB already, and the way through a profile would tint it.

@@ -25,8 +25,7 @@ std::optional<Pixels> Thumbnail(Bytes file, Size picture, Size size, const char*
         != 0) {
         return std::nullopt;
     }
-    const Vips upright(image);
-    return PixelsOf(image, picture);
+    return PixelsOf(Vips(image), picture);
 }
 
 } // namespace

@@ -29,11 +29,7 @@ Canvas::~Canvas() {
 
 void Canvas::MakeWidget(WindowFrame& frame) {
     Native().widget = new CanvasWidget(frame.Content(), [this](int x, int y) {
-        FromUser([this, x, y] {
-            if (const auto handler = DoubleClick) {
-                handler(*this, x, y);
-            }
-        });
+        FromUser([this, x, y] { Raise(DoubleClick, *this, x, y); });
     });
     Backdrop(backdrop_);
 }
@@ -78,19 +74,11 @@ void Canvas::RequestPicture(const Ref<FolderItem>& file, Room room, Source sourc
             Answer(reading);
         });
     });
-    patience_ = CallAfter(kPatience, [this] {
-        FromUser([this] {
-            if (const auto handler = PictureLate) {
-                handler(*this);
-            }
-        });
-    });
+    patience_ = CallAfter(kPatience, [this] { FromUser([this] { Raise(PictureLate, *this); }); });
 }
 
 void Canvas::Answer(const PictureReading& reading) {
-    if (const auto handler = PictureReady) {
-        handler(*this, reading.picture ? MakePicture(*reading.picture) : Ref<Picture>(), reading.refusal);
-    }
+    Raise(PictureReady, *this, reading.picture ? MakePicture(*reading.picture) : nullptr, reading.refusal);
 }
 
 void Canvas::ForgetPicture() {

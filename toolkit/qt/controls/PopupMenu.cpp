@@ -18,7 +18,7 @@ void PopupMenu::MakeWidget(WindowFrame& frame) {
     QObject::connect(menu, &QComboBox::currentIndexChanged, &Native().connections, [this](int row) {
         FromUser([this, row] {
             listIndex_ = row;
-            RaiseChange();
+            Raise(Change, *this);
         });
     });
     Native().widget = menu;
@@ -51,13 +51,7 @@ void PopupMenu::ListIndex(int row) {
         const QSignalBlocker quiet(menu);
         menu->setCurrentIndex(row);
     }
-    RaiseChange();
-}
-
-void PopupMenu::RaiseChange() {
-    if (const auto handler = Change) {
-        handler(*this);
-    }
+    Raise(Change, *this);
 }
 
 } // namespace folimark

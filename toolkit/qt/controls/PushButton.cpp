@@ -14,7 +14,7 @@ void PushButton::MakeWidget(WindowFrame& frame) {
     button->setFocusPolicy(Qt::TabFocus); // A click leaves the keyboard to the list.
     button->setDefault(default_);
     QObject::connect(button, &QPushButton::clicked, &Native().connections,
-                     [this] { FromUser([this] { RunAction(); }); });
+                     [this] { FromUser([this] { Raise(Action, *this); }); });
     button->installEventFilter(&frame); // for the keys that walk through the list
     Native().widget = button;
 }
@@ -28,19 +28,13 @@ void PushButton::Caption(const std::string& caption) {
 
 void PushButton::Push() {
     if (Enabled() && Native().widget) {
-        RunAction();
+        Raise(Action, *this);
     }
 }
 
 void PushButton::Click(const ToolkitKey&) {
     if (auto* button = Native().As<QPushButton>()) {
         button->click();
-    }
-}
-
-void PushButton::RunAction() {
-    if (const auto handler = Action) {
-        handler(*this);
     }
 }
 

@@ -133,9 +133,7 @@ void Toolbar::Append(const Ref<ToolItem>& item) {
             if (button && button->Style() == ToolStyle::Pushes) {
                 button->Pushed(true);
             }
-            if (const auto handler = Action) {
-                handler(*this, *item);
-            }
+            Raise(Action, *this, *item);
         });
     });
 }
