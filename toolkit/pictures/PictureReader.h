@@ -39,6 +39,7 @@ struct PictureQuestion {
     int wantedWidth = 0;
     int wantedHeight = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check means what the compiler makes of this
     auto operator<=>(const PictureQuestion&) const = default;
 };
 

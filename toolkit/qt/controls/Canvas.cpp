@@ -88,6 +88,7 @@ void Canvas::ForgetPicture() {
 
 void Canvas::ReadAhead(const std::vector<Ref<FolderItem>>& files) {
     std::vector<PictureQuestion> questions;
+    questions.reserve(files.size());
     for (const Ref<FolderItem>& file : files) {
         questions.push_back(QuestionOf(file, Width(), Height()));
     }
