@@ -46,6 +46,10 @@ TEST(AlbumList, RowsAreTheLinesAndLinesAreTheRows) {
             EXPECT_EQ(RunningApplication::ListFile(), c.saved);
             EXPECT_EQ(application.Albums()->CatalogWindows.Ubound(), rows - 2);
         }
+        if (rows > 1) {
+            const DuringYield save([] {});
+            application.Albums()->PutCatalogList(folder.Item("copy"));
+        }
     }
 }
 

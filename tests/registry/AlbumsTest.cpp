@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QLabel>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QUrl>
 
@@ -80,9 +81,13 @@ TEST(Albums, AFolderThatIsDroppedBecomesOne) {
     const Answers answers{{"The album “A” has been created.", "OK"},
                           {"The album “A” has already been cteated.", "OK"},
                           {"This folder does not contain any media files.", "OK"}};
+    std::vector<QMessageBox::Icon> icons;
+    Answers::Look = [&](QWidget& box) { icons.push_back(dynamic_cast<QMessageBox&>(box).icon()); };
     EXPECT_TRUE(Drop(application.Albums(), folder.Path("A")));
     EXPECT_TRUE(Drop(application.Albums(), folder.Path("A")));
     EXPECT_TRUE(Drop(application.Albums(), folder.Path("None")));
+    Answers::Look = nullptr;
+    EXPECT_EQ(icons, (std::vector{QMessageBox::Information, QMessageBox::Information, QMessageBox::Warning}));
     EXPECT_FALSE(Drop(application.Albums(), folder.Path("A/a.jpg")));
     Click(application.Albums(), "Open Album");
     EXPECT_FALSE(Drop(application.Album(0), folder.Path("A")));

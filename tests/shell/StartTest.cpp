@@ -35,6 +35,7 @@ TEST(Start, TheApplicationEndsInOrder) {
         {"key", [] { Press(Qt::Key_Q, Qt::ControlModifier); }},
         {"at once", [] {
              Quit(0);
+             EXPECT_THROW(LetEventsIn([] {}), EndException);
              SetYieldHandler(SetYieldHandler({})); // the next yield is due, though the application is ending
          }}};
     const TestFolder folder{"a.jpg"};

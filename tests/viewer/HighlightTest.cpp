@@ -69,6 +69,7 @@ TEST(Highlight, PhrasesAreJoined) {
     ClickRow(album, 3);
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.phrase1) + " " + std::to_string(c.join) + " " + c.phrase2);
+        const DuringYield pass([] {}, [&] { return !album->TheListBox()->Visible(); });
         Search(album, c.phrase1, c.join, c.phrase2);
         EXPECT_EQ(Marks(album), c.marks);
         const auto count = std::count(c.marks, c.marks + std::strlen(c.marks), 'x');

@@ -109,6 +109,7 @@ class Probe : public Window {
     }
     bool Event_CancelClose(bool appQuitting) override {
         events += appQuitting ? "CancelClose(quitting) " : "CancelClose ";
+        Close(); // of no effect, as long as this is asked
         return staysOpen;
     }
     void Event_Close() override { events += "Close "; }
