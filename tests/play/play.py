@@ -73,6 +73,8 @@ class Play:
             self.later.remove(task)
             task[1]()
         step, = rng.choices(list(self.steps), self.steps.values())
+        if any(view.title == "Create an Album" for view in self._views()):
+            step = self.answer  # From there one could wander off, and make an album of the whole machine.
         pause = rng.choice([0, 0, 0, 0.02, 0.05, 0.1, 0.4])
         with suppress(error.XError):  # The window may go from under the hand.
             step(rng)
@@ -146,14 +148,17 @@ class Play:
         self.pick(rng, rng.choice([1, 1, 2]))
 
     def use_menu(self, rng):
-        self.may_end = True
-        self.stage.press("Alt+" + rng.choice("feh"), *["Down"] * rng.randrange(9), rng.choice(["Return", "Return", "Escape"]))
+        menu, downs, end = rng.choice("feh"), rng.randrange(9), rng.choice(["Return", "Return", "Escape"])
+        if menu == "f":  # Quit is in there. The others have keys of their own.
+            end = rng.choice(["q"] + ["Escape"] * 9)
+            self.may_end |= end == "q"
+        self.stage.press("Alt+" + menu, *["Down"] * downs, end)
 
     def use_row_menu(self, rng):
         x, y, downs, end = rng.randrange(30, 500), rng.random(), rng.randrange(7), rng.choice(["Return", "Return", "Escape"])
         if view := one_of(rng, self._views()):
             self._click(view, x, int(self.head + y * (view.height - self.head)), button=3)
-            self.stage.press(*["Down"] * downs, end)
+            self.stage.press(*["Down"] * downs, end, choosing=True)
 
     def highlight(self, rng):
         phrase, pause = rng.choice("0pgeN. "), rng.choice([0, 0.1, 0.3])
@@ -269,7 +274,7 @@ class Play:
         if process.poll() is None and how != "server" and self._close_albums() and (view := self._main()):
             self.stage.manage(view)
             if how == "Control+q":
-                self.stage.press("Escape", how)  # A menu may be open.
+                self.stage.press(how)
             else:
                 self.stage.close(view)
             wait_for(lambda: process.poll() is not None, 1)

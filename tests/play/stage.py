@@ -36,10 +36,10 @@ def wait_for(fact, limit):
 
 
 class Stage:
-    """Whatever the hands do is told, by `tell`."""
+    """Whatever the hands do is told, by `tell`. They leave a menu before they do anything but choose from it."""
 
     def __init__(self, folder, tell):
-        self.tell = tell
+        self.tell, self.in_menu = tell, False
         ready, write = os.pipe()
         screen = ["Xvfb", "-displayfd", str(write), "-screen", "0", "1920x1080x24", "-nolisten", "tcp"]
         self.server = subprocess.Popen(screen, pass_fds=[write], stderr=subprocess.DEVNULL)
@@ -85,8 +85,15 @@ class Stage:
         to.send_event(event.ClientMessage(window=view.window, client_type=kind, data=(32, [number, 0, 0, 0, 0])), mask)
         self.display.sync()
 
+    def _leave_menu(self):
+        """A busy application may open the menu only later, but then gets this key before what follows."""
+        if self.in_menu:
+            self.press("Escape", choosing=True)
+            self.in_menu = False
+
     def manage(self, view, kind="_NET_ACTIVE_WINDOW", number=2):
         """Asks the window manager by such a message; unless told otherwise to bring the window forward."""
+        self._leave_menu()
         self.tell(f"asks for {kind} of “{view.title}”")
         self._send(self.root, view, kind, number, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
 
@@ -97,14 +104,18 @@ class Stage:
 
     def click(self, view, x, y, button=1, times=1):
         """Presses and releases a button; 0 times only moves the pointer there."""
+        self._leave_menu()
         self.tell(f"clicks {times} × {button} at {x}, {y} of “{view.title}”")
         xtest.fake_input(self.display, X.MotionNotify, x=view.left + x, y=view.top + y)
         for kind in (X.ButtonPress, X.ButtonRelease) * times:
             xtest.fake_input(self.display, kind, button)
         self.display.sync()
+        self.in_menu = button == 3 or y < 30  # the menu bar
 
-    def press(self, *keys, times=1):
-        """Keys by their names, as in "Control+Shift+l", or single characters."""
+    def press(self, *keys, times=1, choosing=False):
+        """Keys by their names, as in "Control+Shift+l", or single characters. They are for a menu if it's for choosing."""
+        if not choosing:
+            self._leave_menu()
         self.tell(f"presses {' '.join(keys)}" + (f" {times} times" if times > 1 else ""))
         for key in keys * times:
             names = [name + "_L" if name in ("Control", "Shift", "Alt") else name for name in key.split("+")]
@@ -117,3 +128,4 @@ class Stage:
             for code in reversed(codes):
                 xtest.fake_input(self.display, X.KeyRelease, code)
         self.display.sync()
+        self.in_menu |= any(key in ("F10", "Menu") or key.startswith("Alt") for key in keys)
