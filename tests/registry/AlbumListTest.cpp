@@ -1,11 +1,10 @@
 #include "Answers.h"
 #include "Application.h"
-#include "AsNobody.h"
+#include "Hindrances.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
 #include <filesystem>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace folimark::test {
@@ -82,19 +81,14 @@ TEST(AlbumList, AFailedSaveIsToldAndLeavesTheFile) {
     RunningApplication::WriteListFile(lines);
     const RunningApplication application;
     const std::string preferences = folder.Home() + "/.config";
-    // A file that may not grow stands for a full disk.
-    rlimit old{};
-    getrlimit(RLIMIT_FSIZE, &old);
-    const rlimit none{0, old.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &none);
     {
+        const auto space = NoMore(RLIMIT_FSIZE); // as on a full disk
         const Answers answers{{"Trash the “b” album?", "Trash"},
                               {"IOException\n\n…", "OK"},
                               {"Can't save “" + preferences + "…", "OK"}};
         ClickRow(application.Albums(), 0);
         Click(application.Albums(), "Trash Album");
     }
-    setrlimit(RLIMIT_FSIZE, &old);
     EXPECT_FALSE(IsQuitting());
     EXPECT_EQ(RunningApplication::ListFile(), lines);
     ClickRow(application.Albums(), 0);

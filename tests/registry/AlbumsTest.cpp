@@ -1,7 +1,7 @@
 #include "Answers.h"
-#include "AsNobody.h"
 #include "ColonPath.h"
 #include "GlobalData.h"
+#include "Hindrances.h"
 #include "OpenWindows.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"

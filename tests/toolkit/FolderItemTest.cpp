@@ -1,6 +1,6 @@
-#include "AsNobody.h"
 #include "Descriptor.h"
 #include "FileTypeRegistry.h"
+#include "Hindrances.h"
 #include "TestFolder.h"
 #include "TreeWalk.h"
 #include "Yield.h"
@@ -9,7 +9,6 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <map>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,6 +17,7 @@ namespace folimark {
 namespace {
 
 using test::AsNobody;
+using test::NoMore;
 using test::TestFolder;
 
 std::map<std::string, Ref<FolderItem>> Entries(const Ref<FolderItem>& folder) {
@@ -173,13 +173,10 @@ TEST(FolderItem, TellsUnreadableFromEmptyAndGone) {
         }
     }
     ASSERT_EQ(chmod(folder.Path("locked").c_str(), 0700), 0);
-    rlimit old{};
-    getrlimit(RLIMIT_NOFILE, &old);
-    const rlimit none{0, old.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &none);
-    const auto starved = folder.Item("locked");
-    EXPECT_TRUE(starved->Unreadable());
-    setrlimit(RLIMIT_NOFILE, &old);
+    {
+        const auto descriptors = NoMore(RLIMIT_NOFILE);
+        EXPECT_TRUE(folder.Item("locked")->Unreadable());
+    }
     EXPECT_EQ(folder.Item("locked")->Count(), 1);
 }
 

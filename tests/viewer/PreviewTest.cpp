@@ -1,5 +1,5 @@
 #include "Answers.h"
-#include "AsNobody.h"
+#include "Hindrances.h"
 #include "PictureProcess.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"

@@ -14,7 +14,7 @@ class FolderItemDialog : public Object {
     void Title(const std::string& title) { title_ = title; }
     void PromptText(const std::string& text) { promptText_ = text; }
 
-    /// Blocks until the user has answered. Nil if they cancelled.
+    /// Blocks until the user has answered. Nil if they cancelled, or have been told that it can't be opened.
     virtual Ref<FolderItem> ShowModal() = 0;
 
   protected:

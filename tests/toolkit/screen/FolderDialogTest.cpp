@@ -1,4 +1,5 @@
 #include "Answers.h"
+#include "Hindrances.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
@@ -71,6 +72,14 @@ TEST(FolderDialog, ChoosesWhatItsLineSays) {
     application.AddAlbum(folder.Path("Trips"));
     Answers::Look = nullptr;
     EXPECT_EQ(application.Labels(), "Trips");
+}
+
+TEST(FolderDialog, SaysThatItCantBeOpened) {
+    const TestFolder folder;
+    const RunningApplication application;
+    const auto descriptors = NoMore(RLIMIT_NOFILE);
+    const Answers answers{{"Folders can’t be shown…", "OK"}};
+    Click(application.Albums(), "Create Album");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "SingleInstance.h"
-#include "AsNobody.h"
+#include "Hindrances.h"
 #include "TestFolder.h"
 
 #include <QCoreApplication>

@@ -1,5 +1,7 @@
 #include "FolderItemDialog.h"
 
+#include "Descriptor.h"
+#include "MsgBox.h"
 #include "PlatformText.h"
 #include "RunDialog.h"
 
@@ -17,6 +19,10 @@
 #include <QToolButton>
 #include <QTreeView>
 
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+
 namespace folimark {
 namespace {
 
@@ -28,6 +34,9 @@ constexpr int kKindColumn = 2;
 /// Enough for most names beside their dates, in logical pixels.
 constexpr QSize kSize(900, 540);
 constexpr int kPlacesWidth = 170;
+
+/// How many descriptors the dialog may need at once: a thread of its own that lists folders, and its watches.
+constexpr std::size_t kDescriptors = 16;
 
 /// The parts of the file system below which desktops, and people, mount disks.
 const QStringList kMountFolders{QStringLiteral("/media/"), QStringLiteral("/run/media/"),
@@ -64,6 +73,15 @@ QList<QUrl> Places() {
         }
     }
     return urls;
+}
+
+/// Without a descriptor the dialog doesn't fail to open, but ends the process.
+bool AreDescriptorsFree() {
+    std::array<Descriptor, kDescriptors> tried;
+    return std::all_of(tried.begin(), tried.end(), [](Descriptor& descriptor) {
+        descriptor = Descriptor(open("/", O_PATH | O_CLOEXEC));
+        return bool(descriptor);
+    });
 }
 
 /// The window system's dialog keeps a settings file of its own, with the folders that were visited. It gets a
@@ -135,6 +153,10 @@ class FolderDialog : public QFileDialog {
 } // namespace
 
 Ref<FolderItem> SelectFolderDialog::ShowModal() {
+    if (!AreDescriptorsFree()) {
+        MsgBox("Folders can’t be shown, since too many files are open. Please close an album and try again.");
+        return {};
+    }
     // People tend to choose neighbours, so the next dialog opens beside the folder that was chosen last.
     static QString lastFolder = FirstFolder();
     KeepNoSettings();

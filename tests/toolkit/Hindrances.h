@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Finally.h"
+
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace folimark::test {
@@ -21,5 +24,14 @@ class AsNobody {
   private:
     bool wasRoot_;
 };
+
+/// Nothing more of a resource (RLIMIT_…) is to be had until the result's scope ends.
+inline auto NoMore(__rlimit_resource resource) {
+    rlimit old{};
+    getrlimit(resource, &old);
+    const rlimit none{0, old.rlim_max};
+    setrlimit(resource, &none);
+    return Finally([=] { setrlimit(resource, &old); });
+}
 
 } // namespace folimark::test
