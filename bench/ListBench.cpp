@@ -19,38 +19,42 @@ constexpr std::int64_t kRows = 1'000'000;
 std::string folder;
 int rounds = 0;
 
-std::vector<std::string> Names() {
+/// Names of files in folders of a hundred, all shuffled, or folder by folder as a walk finds them.
+std::vector<std::string> Names(bool shuffled = true) {
     std::vector<std::string> names;
     for (std::int64_t i = 0; i < kRows; ++i) {
-        const std::int64_t shuffled = i * 7919 % kRows;
-        names.push_back("Year " + std::to_string(shuffled / 10000) + " → Ferien in der Süd-Bretagne → Bild "
-                        + std::to_string(shuffled) + ".jpg");
+        const std::int64_t file = i * 7919 % kRows;
+        const std::int64_t folder = (shuffled ? file : i) / 100;
+        names.push_back("Year " + std::to_string(folder / 100) + " → Ferien in der Süd-Bretagne "
+                        + std::to_string(folder) + " → Bild " + std::to_string(file) + ".jpg");
     }
     return names;
 }
 
-ListRows Rows() {
+ListRows Rows(bool shuffled = true) {
     ListRows rows;
-    for (const std::string& name : Names()) {
+    for (const std::string& name : Names(shuffled)) {
         rows.AddRow({name, "2026-11-10", "", "MB  003.7", "Image"});
     }
     return rows;
 }
 
 void Sort() {
-    const auto byBytes = [] {
-        std::vector<std::string> names = Names();
-        return SecondsOf([&] { std::sort(names.begin(), names.end()); });
-    };
-    Print("sort 1,000,000 shuffled names, against std::sort by bytes",
-          Least(
-              rounds,
-              [] {
-                  ListRows rows = Rows();
-                  return SecondsOf([&] { rows.Sort(0, true); });
-              },
-              byBytes),
-          1.2);
+    for (const bool shuffled : {true, false}) {
+        const std::string what = shuffled ? "shuffled names" : "names folder by folder";
+        Print("sort 1,000,000 " + what + ", against std::sort by bytes",
+              Least(
+                  rounds,
+                  [&] {
+                      ListRows rows = Rows(shuffled);
+                      return SecondsOf([&] { rows.Sort(0, true); });
+                  },
+                  [&] {
+                      std::vector<std::string> names = Names(shuffled);
+                      return SecondsOf([&] { std::sort(names.begin(), names.end()); });
+                  }),
+              1.2);
+    }
     ListRows rows = Rows();
     const double sort = SecondsOf([&] { rows.Sort(0, true); });
     bool ascending = true;

@@ -3,6 +3,8 @@
 #include "LetterKeys.h"
 
 #include <algorithm>
+#include <array>
+#include <future>
 #include <utility>
 
 namespace folimark {
@@ -36,11 +38,16 @@ struct Group {
 /// of neighbours, not entries.
 class Sorter {
   public:
-    explicit Sorter(const std::vector<std::string_view>& texts) : texts_(texts) {
-        entries_.reserve(texts.size());
-        for (const std::string_view text : texts) {
-            entries_.push_back({0, keys_.Add(text), entries_.size()});
-        }
+    explicit Sorter(const std::vector<std::string_view>& texts) : texts_(texts), entries_(texts.size()) {
+        // Keys take longer to make than to sort, and are as quickly made on a thread beside this one. If the
+        // system has none to give, this one makes them all.
+        const bool areMany = texts.size() >= kMany;
+        const std::size_t half = areMany ? texts.size() / 2 : 0;
+        std::future<void> beside =
+            std::async(areMany ? std::launch::async | std::launch::deferred : std::launch::deferred,
+                       [this, half] { MakeKeys(keys_[1], 0, half); });
+        MakeKeys(keys_[0], half, texts.size());
+        beside.get();
         ranges_.push_back({0, entries_.size(), 0});
     }
 
@@ -63,13 +70,21 @@ class Sorter {
     }
 
   private:
+    /// Texts that are worth a thread.
+    static constexpr std::size_t kMany = 10'000;
+
+    void MakeKeys(LetterKeys& keys, std::size_t first, std::size_t last) {
+        for (std::size_t i = first; i < last; ++i) {
+            entries_[i] = {0, keys.Add(texts_[i]), i};
+        }
+    }
     void GatherGroups(const Range& range);
     void SortGroups(const Range& range);
     void Divide(const Range& range);
     void SortTies(std::size_t first, std::size_t last);
 
     const std::vector<std::string_view>& texts_;
-    LetterKeys keys_;
+    std::array<LetterKeys, 2> keys_;
     std::vector<Entry> entries_;
     std::vector<bool> repeats_ = std::vector<bool>(texts_.size());
     std::vector<Range> ranges_;
