@@ -42,7 +42,4 @@ class TestFolder {
     std::optional<std::string> oldPreferences_;
 };
 
-/// Removes a folder with all that is in it, however deep it is.
-void RemoveTree(const std::string& path);
-
 } // namespace folimark::test

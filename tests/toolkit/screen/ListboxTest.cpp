@@ -75,23 +75,6 @@ TEST(Listbox, HelpComesOnceAndNamesThatAreCutOffShowThemselves) {
     EXPECT_NE(tagAt(0), "");
 }
 
-TEST(Listbox, HeadingsCanBeRead) {
-    const TestFolder folder{"a.mp3"};
-    const RunningApplication application;
-    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
-    QHeaderView& headings = *dynamic_cast<QTableView&>(WidgetOf(album, "TheListBox")).horizontalHeader();
-    const QImage picture = headings.grab().toImage();
-    for (int column = 0; column < headings.count(); ++column) {
-        int ink = 0;
-        for (int x = headings.sectionPosition(column); x < headings.sectionPosition(column) + 70; ++x) {
-            for (int y = 0; y < headings.height(); ++y) {
-                ink += qGray(ColorAt(picture, x, y)) < 64 ? 1 : 0;
-            }
-        }
-        EXPECT_GT(ink, 10) << column;
-    }
-}
-
 TEST(Listbox, TheSelectedRowCanBeSeenInFrontAndBehind) {
     const TestFolder folder{"WWW.mp3", "WXW.mp3"};
     const RunningApplication application;
