@@ -1,5 +1,5 @@
 #include "TextStreams.h"
-#include "AsNobody.h"
+#include "Hindrances.h"
 #include "TestFolder.h"
 
 #include <gtest/gtest.h>
