@@ -1,11 +1,12 @@
 #include "FileStatus.h"
 
 #include <cerrno>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <time.h>
 
 namespace folimark {
+
 bool MeansGone(int error) {
     return error == ENOENT || error == ENOTDIR;
 }

@@ -62,7 +62,7 @@ std::size_t PlaceOf(UChar32 character) {
         return static_cast<std::size_t>(character);
     }
     if (character >= kSigns && character < kSignsEnd) {
-        return static_cast<std::size_t>(character - kSigns + kLatinEnd);
+        return static_cast<std::size_t>(character) - kSigns + kLatinEnd;
     }
     return character == kArrow ? kPieces - 1 : 0; // NUL isn't in the table.
 }

@@ -16,7 +16,7 @@ Ref<FolderItem> GetFolderItem(std::string_view path, int pathType) {
     if (pathType != 0) {
         return nullptr;
     }
-    if (const Ref<FolderItem> walked = ListedItem::WalkedAt(path)) {
+    if (Ref<FolderItem> walked = ListedItem::WalkedAt(path)) {
         return walked;
     }
     std::optional<std::string> native = NativePathOf(path);

@@ -160,7 +160,7 @@ WalkPlan::Step ReadAhead::AwaitFirst() {
     Shared& shared = *shared_;
     std::unique_lock lock(shared.mutex);
     shared.now = EventsLetIn();
-    const WalkPlan::Step first = shared.plan.First();
+    WalkPlan::Step first = shared.plan.First();
     std::optional<Clock::time_point> end;
     for (;;) {
         if (first->state == WalkStep::State::Done) {

@@ -41,14 +41,14 @@ constexpr Access kTakenAway[] = {
 };
 
 void Allow(int ruleset, const std::string& path) {
-    const Descriptor place(open(path.c_str(), O_PATH | O_CLOEXEC));
+    const Descriptor opened(open(path.c_str(), O_PATH | O_CLOEXEC));
     struct stat status {};
-    if (!place || fstat(place.Get(), &status) != 0) {
+    if (!opened || fstat(opened.Get(), &status) != 0) {
         return;
     }
     landlock_path_beneath_attr rule{};
     rule.allowed_access = S_ISDIR(status.st_mode) ? kReading : LANDLOCK_ACCESS_FS_READ_FILE;
-    rule.parent_fd = place.Get();
+    rule.parent_fd = opened.Get();
     syscall(SYS_landlock_add_rule, ruleset, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
 }
 

@@ -32,12 +32,12 @@ std::shared_ptr<const std::uint32_t> TakePixels(const Descriptor& memory, std::s
         return nullptr;
     }
     const std::size_t length = count * sizeof(std::uint32_t);
-    void* place = mmap(nullptr, length, PROT_READ, MAP_SHARED, memory.Get(), 0);
-    if (place == MAP_FAILED) {
+    void* start = mmap(nullptr, length, PROT_READ, MAP_SHARED, memory.Get(), 0);
+    if (start == MAP_FAILED) {
         return nullptr;
     }
-    return {static_cast<const std::uint32_t*>(place),
-            [place, length](const std::uint32_t*) { munmap(place, length); }};
+    return {static_cast<const std::uint32_t*>(start),
+            [start, length](const std::uint32_t*) { munmap(start, length); }};
 }
 
 std::int64_t InNanoseconds(const timespec& time) {

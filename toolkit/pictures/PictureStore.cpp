@@ -23,7 +23,7 @@ void PictureStore::Keep(const PictureQuestion& question, PictureReading reading)
         return;
     }
     entries_.emplace_front(question, std::move(reading));
-    places_[question] = entries_.begin();
+    byQuestion_[question] = entries_.begin();
     bytes_ += bytes;
     while (bytes_ > mostBytes_) {
         Forget(PictureQuestion(entries_.back().first));
@@ -31,8 +31,8 @@ void PictureStore::Keep(const PictureQuestion& question, PictureReading reading)
 }
 
 const PictureReading* PictureStore::Find(const PictureQuestion& question) {
-    const auto found = places_.find(question);
-    if (found == places_.end()) {
+    const auto found = byQuestion_.find(question);
+    if (found == byQuestion_.end()) {
         return nullptr;
     }
     if (found->second->second.file != FileState::Of(question.path)) {
@@ -44,10 +44,10 @@ const PictureReading* PictureStore::Find(const PictureQuestion& question) {
 }
 
 void PictureStore::Forget(const PictureQuestion& question) {
-    if (const auto found = places_.find(question); found != places_.end()) {
+    if (const auto found = byQuestion_.find(question); found != byQuestion_.end()) {
         bytes_ -= BytesOf(found->second->second);
         entries_.erase(found->second);
-        places_.erase(found);
+        byQuestion_.erase(found);
     }
 }
 

@@ -20,7 +20,7 @@ class PictureStore {
     /// call.
     const PictureReading* Find(const PictureQuestion& question);
     /// Is there a reading, be it of the file as it was?
-    bool Has(const PictureQuestion& question) const { return places_.contains(question); }
+    bool Has(const PictureQuestion& question) const { return byQuestion_.contains(question); }
     void Forget(const PictureQuestion& question);
 
   private:
@@ -29,7 +29,7 @@ class PictureStore {
     std::size_t mostBytes_;
     std::size_t bytes_ = 0;
     std::list<Entry> entries_; // the one used last in front
-    std::map<PictureQuestion, std::list<Entry>::iterator> places_;
+    std::map<PictureQuestion, std::list<Entry>::iterator> byQuestion_;
 };
 
 } // namespace folimark

@@ -12,7 +12,7 @@ namespace folimark {
 
 struct PictureReading;
 
-/// A place for one picture, drawn from its top left corner.
+/// Shows one picture, from its top left corner.
 class Canvas : public RectControl {
   public:
     ~Canvas() override;
@@ -45,7 +45,7 @@ class Canvas : public RectControl {
     /// It has been asked for some time ago, and isn't there yet.
     std::function<void(Canvas&)> PictureLate;
 
-    /// The user double-clicked; given the place in the canvas, in units.
+    /// The user double-clicked; given where in the canvas, in units.
     std::function<void(Canvas&, int x, int y)> DoubleClick;
 
   protected:

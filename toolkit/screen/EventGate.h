@@ -4,7 +4,7 @@
 
 namespace folimark {
 
-/// The one place through which events enter the application. It runs `handler` and catches whatever leaves
+/// The one way by which events enter the application. It runs `handler` and catches whatever leaves
 /// it: an EndException ends the event quietly, anything else goes to the application's handler of last
 /// resort, once. Then the application ends with exit status 1, since what is in memory can't be trusted any
 /// more; only failed input or output in a command (IOException) lets it go on. No event enters any more while

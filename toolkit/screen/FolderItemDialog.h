@@ -7,7 +7,7 @@
 
 namespace folimark {
 
-/// A dialog in which the user chooses a place in the file system: the desktop's own, where there is one.
+/// A dialog in which the user chooses a file or a folder: the desktop's own, where there is one.
 class FolderItemDialog : public Object {
   public:
     void ActionButtonCaption(const std::string& caption) { actionButtonCaption_ = caption; }

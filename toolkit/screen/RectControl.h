@@ -14,7 +14,7 @@ class Window;
 class WindowFrame;
 struct NativeControl;
 
-/// A place in a window's content, in units.
+/// A rectangle of a window's content, in units.
 struct Bounds {
     int left = 0;
     int top = 0;
@@ -51,7 +51,7 @@ class RectControl : public Object {
     /// Redraws the control now, its background erased first.
     void Refresh(bool eraseBackground = true);
     void SetFocus();
-    /// Brings the control to its place in the window, which may have changed its measure.
+    /// Fits the control to its window, which may have changed its measure.
     void Arrange(const ToolkitKey&);
     /// The Tab key brings the keyboard here from `previous`.
     void TabAfter(const RectControl& previous);
@@ -64,7 +64,7 @@ class RectControl : public Object {
 
     /// Makes the widget in the window's frame; called once, when the window takes the control.
     virtual void MakeWidget(WindowFrame& frame) = 0;
-    /// Gives the widget its place in the frame, and what else goes with the frame's measure.
+    /// Gives the widget its rectangle of the frame, and what else goes with the frame's measure.
     virtual void FitWidget(const WindowFrame& frame);
     /// The window has closed, and the widget has gone.
     virtual void WindowClosed() {}

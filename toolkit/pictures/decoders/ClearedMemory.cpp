@@ -16,20 +16,20 @@ void* malloc(std::size_t size) {
     return calloc(1, size);
 }
 
-int posix_memalign(void** place, std::size_t alignment, std::size_t size) {
+int posix_memalign(void** memory, std::size_t alignment, std::size_t size) {
     using Function = int(void**, std::size_t, std::size_t);
     static auto* const original = reinterpret_cast<Function*>(dlsym(RTLD_NEXT, "posix_memalign"));
-    const int error = original(place, alignment, size);
+    const int error = original(memory, alignment, size);
     if (error == 0) {
-        std::memset(*place, 0, size);
+        std::memset(*memory, 0, size);
     }
     return error;
 }
 
 void* aligned_alloc(std::size_t alignment, std::size_t size) {
-    void* place = nullptr;
-    errno = posix_memalign(&place, alignment, size);
-    return errno == 0 ? place : nullptr;
+    void* memory = nullptr;
+    errno = posix_memalign(&memory, alignment, size);
+    return errno == 0 ? memory : nullptr;
 }
 
 } // extern "C"

@@ -15,17 +15,17 @@ constexpr std::int64_t kMostPixelsRead = 100'000'000;
 /// Where libtiff stands in the file.
 struct Source {
     Bytes bytes;
-    std::uint64_t place = 0;
+    std::uint64_t position = 0;
 };
 
 tmsize_t Read(thandle_t handle, void* buffer, tmsize_t length) {
     auto* source = static_cast<Source*>(handle);
-    if (source->place >= source->bytes.size()) {
+    if (source->position >= source->bytes.size()) {
         return 0;
     }
-    const auto count = std::min(static_cast<std::size_t>(length), source->bytes.size() - source->place);
-    std::memcpy(buffer, source->bytes.data() + source->place, count);
-    source->place += count;
+    const auto count = std::min(static_cast<std::size_t>(length), source->bytes.size() - source->position);
+    std::memcpy(buffer, source->bytes.data() + source->position, count);
+    source->position += count;
     return static_cast<tmsize_t>(count);
 }
 
@@ -35,8 +35,8 @@ tmsize_t RefuseToWrite(thandle_t /*handle*/, void* /*buffer*/, tmsize_t /*length
 
 toff_t Seek(thandle_t handle, toff_t offset, int from) {
     auto* source = static_cast<Source*>(handle);
-    const toff_t start = from == SEEK_CUR ? source->place : from == SEEK_END ? source->bytes.size() : 0;
-    return source->place = start + offset;
+    const toff_t start = from == SEEK_CUR ? source->position : from == SEEK_END ? source->bytes.size() : 0;
+    return source->position = start + offset;
 }
 
 int Close(thandle_t /*handle*/) {

@@ -46,8 +46,8 @@ void CanvasWidget::paintEvent(QPaintEvent* /*event*/) {
 
 void CanvasWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
-        const QPoint place = FromUnits().inverted().map(event->position()).toPoint();
-        doubleClick_(place.x(), place.y());
+        const QPoint position = FromUnits().inverted().map(event->position()).toPoint();
+        doubleClick_(position.x(), position.y());
     }
 }
 

@@ -50,10 +50,10 @@ QString FirstFolder() {
 /// Where people keep their media: their own folders, then the disks that are mounted.
 QList<QUrl> Places() {
     QStringList folders{QDir::homePath()};
-    for (const QStandardPaths::StandardLocation place :
+    for (const QStandardPaths::StandardLocation location :
          {QStandardPaths::PicturesLocation, QStandardPaths::MusicLocation, QStandardPaths::MoviesLocation,
           QStandardPaths::DownloadLocation}) {
-        folders += QStandardPaths::writableLocation(place);
+        folders += QStandardPaths::writableLocation(location);
     }
     for (const QStorageInfo& disk : QStorageInfo::mountedVolumes()) {
         const QString path = disk.rootPath();

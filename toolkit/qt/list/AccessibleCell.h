@@ -7,7 +7,7 @@
 
 namespace folimark {
 
-/// A place in a list, by its row and column, as assistive technology sees it. It is invalid while the list
+/// A cell of a list, by its row and column, as assistive technology sees it. It is invalid while the list
 /// has no such row.
 class AccessibleCell : public QAccessibleInterface,
                        public QAccessibleTableCellInterface,

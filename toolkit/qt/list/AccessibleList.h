@@ -44,7 +44,7 @@ class AccessibleList : public QAccessibleWidget, public QAccessibleTableInterfac
     bool selectColumn(int /*column*/) override { return false; }
     bool unselectRow(int /*row*/) override { return false; }
     bool unselectColumn(int /*column*/) override { return false; }
-    /// Cells stand for places, not for what is in them, so no change of the rows touches them.
+    /// Cells stand for a row and a column, not for what is in them, so no change of the rows touches them.
     void modelChange(QAccessibleTableModelChangeEvent* /*event*/) override {}
 
   private:

@@ -33,13 +33,13 @@ void ListView::PaintEmptyText() {
         return;
     }
     const QSize room = viewport()->size();
-    QRect place(QPoint(0, 0),
-                QSizeF(room.width() * kEmptyTextWidth, room.height() * kEmptyTextHeight).toSize());
-    place.moveCenter(QPoint(room.width() / 2, place.center().y()));
+    QRect rect(QPoint(0, 0),
+               QSizeF(room.width() * kEmptyTextWidth, room.height() * kEmptyTextHeight).toSize());
+    rect.moveCenter(QPoint(room.width() / 2, rect.center().y()));
     QPainter painter(viewport());
     painter.setFont(font());
     painter.setPen(kEmptyTextColor);
-    painter.drawText(place, Qt::AlignCenter | Qt::TextWordWrap, AsDisplayed(list_.EmptyText()));
+    painter.drawText(rect, Qt::AlignCenter | Qt::TextWordWrap, AsDisplayed(list_.EmptyText()));
 }
 
 QString ListView::CutOffText(const QModelIndex& index) const {

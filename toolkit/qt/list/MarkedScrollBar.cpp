@@ -81,15 +81,15 @@ void MarkedScrollBar::paintEvent(QPaintEvent* event) {
 void MarkedScrollBar::mousePressEvent(QMouseEvent* event) {
     QStyleOptionSlider option;
     initStyleOption(&option);
-    const QPoint place = event->position().toPoint();
-    const bool onSlider = style()->hitTestComplexControl(QStyle::CC_ScrollBar, &option, place, this)
+    const QPoint position = event->position().toPoint();
+    const bool onSlider = style()->hitTestComplexControl(QStyle::CC_ScrollBar, &option, position, this)
                           == QStyle::SC_ScrollBarSlider;
     if (event->button() != Qt::LeftButton || onSlider) {
         QScrollBar::mousePressEvent(event);
         return;
     }
     FindMarks();
-    const int hit = place.y() - Groove().top();
+    const int hit = position.y() - Groove().top();
     for (int reach = 0; reach <= kReach; ++reach) {
         for (const int pixel : {hit - reach, hit + reach}) {
             const auto index = static_cast<std::size_t>(std::max(pixel, 0));

@@ -16,8 +16,8 @@ bool HelpTags::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         shownAt_ = static_cast<const QHelpEvent*>(event)->globalPos();
     } else if (event->type() == QEvent::MouseMove && watched->isWindowType() && QToolTip::isVisible()) {
-        const QPoint place = static_cast<const QMouseEvent*>(event)->globalPosition().toPoint();
-        if ((place - shownAt_).manhattanLength() > kTremble) {
+        const QPoint position = static_cast<const QMouseEvent*>(event)->globalPosition().toPoint();
+        if ((position - shownAt_).manhattanLength() > kTremble) {
             QToolTip::hideText();
         }
     }

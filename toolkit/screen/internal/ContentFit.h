@@ -14,7 +14,7 @@ int UnitsOf(int pixels, int rowHeight);
 
 /// One direction of a window's content, across or down: where each of its positions stands on the screen, in
 /// logical pixels from the content's edge, if `room` pixels are to hold all of it. With room to spare each
-/// stands at its own place. With too little the strips give way, as far as they go.
+/// stands where it belongs. With too little the strips give way, as far as they go.
 class ContentFit {
   public:
     ContentFit() = default;
