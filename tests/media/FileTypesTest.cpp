@@ -34,6 +34,7 @@ TEST(FileTypes, EachExtensionHasItsKindInAnyLetterCase) {
             EXPECT_EQ(KindsOf(NthField(extensions, " ", i)), kinds) << NthField(extensions, " ", i);
         }
     }
+    EXPECT_TRUE(GlobalData::CheckVideoFileType("VIDEO/mp4") && !GlobalData::CheckVideoFileType("video/jpeg"));
     ForgetFileTypes();
 }
 

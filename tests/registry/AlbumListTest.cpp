@@ -56,9 +56,14 @@ TEST(AlbumList, AFirstStartMakesAnEmptyFileAndClearsUp) {
     const TestFolder folder;
     folder.Write("../home/.config/.folimark-0123456789abcdef");
     folder.Write("../home/.config/.folimark-other");
+    std::vector<std::string> left{".folimark-other", "Folimark.Preferences"};
+    const std::string foreign = ".folimark-fedcba9876543210";
+    folder.Write("../home/.config/" + foreign);
+    if (chown(folder.Path("../home/.config/" + foreign).c_str(), 65534, 65534) == 0) {
+        left.insert(left.begin(), foreign); // somebody else's
+    }
     const RunningApplication application;
-    EXPECT_EQ(folder.Names("../home/.config"),
-              (std::vector<std::string>{".folimark-other", "Folimark.Preferences"}));
+    EXPECT_EQ(folder.Names("../home/.config"), left);
     EXPECT_EQ(RunningApplication::ListFile(), "");
 }
 

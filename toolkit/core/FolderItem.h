@@ -68,8 +68,7 @@ class FolderItem : public Object {
     /// The path in the colon form (ColonPath.h). A folder's ends in ":"; what doesn't exist keeps the end
     /// that it was asked for with.
     virtual std::string AbsolutePath() const = 0;
-    /// The path as the system takes it: absolute, without a final "/" but for the root, and not
-    /// always UTF-8.
+    /// The path as the system takes it: absolute, without a final "/" but for the root, and not always UTF-8.
     std::string NativePath() const;
 
     /// A descriptor of a regular file (O_CLOEXEC, O_NONBLOCK); none, with errno set, if there is no such file

@@ -23,8 +23,7 @@ void StartApplication(const std::function<void()>& start);
 bool IsHandlingEvent();
 
 /// Runs a loop of the window system's in the middle of an event's handler: a yield, a dialog. The one door
-/// for whatever events that lets in. Raises EndException behind the loop if
-/// the application is ending then.
+/// for whatever events that lets in. Raises EndException behind the loop if the application is ending then.
 void LetEventsIn(const std::function<void()>& loop);
 
 } // namespace folimark
