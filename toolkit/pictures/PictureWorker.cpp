@@ -47,6 +47,8 @@ ChildStart StartOf(std::string executable, int socket) {
     // A library's temporary files can't fill the disk; shared memory isn't written but mapped.
     start.limits.push_back({RLIMIT_FSIZE, 0});
     start.limits.push_back({RLIMIT_DATA, rlim_t{3} << 29}); // 1.5 GiB
+    // What is only read counts for neither, but takes page tables: some 64 MiB for 32 GiB.
+    start.limits.push_back({RLIMIT_AS, rlim_t{1} << 35});
 #endif
     return start;
 }

@@ -25,8 +25,8 @@ namespace {
 
 using Path = const std::string&;
 
-long Map(int flags) {
-    return mmap(nullptr, 4096, PROT_READ | PROT_WRITE, flags, -1, 0) == MAP_FAILED ? -1 : 0;
+long Map(int flags, std::size_t size = 4096, int access = PROT_READ | PROT_WRITE) {
+    return mmap(nullptr, size, access, flags, -1, 0) == MAP_FAILED ? -1 : 0;
 }
 template <class Address>
 long Connect(const Address& address, int (*call)(int, const sockaddr*, socklen_t)) {
@@ -121,6 +121,9 @@ constexpr Escape kEscapes[] = {
     {"start a program", Execute, 1},
     {"share memory", [](Path) -> long { return Map(MAP_SHARED | MAP_ANONYMOUS); }},
     {"share it otherwise", [](Path) -> long { return Map(MAP_SHARED_VALIDATE | MAP_ANONYMOUS); }},
+#ifndef __SANITIZE_ADDRESS__ // which needs as much itself
+    {"map without end", [](Path) -> long { return Map(MAP_PRIVATE | MAP_ANONYMOUS, 1UL << 36, PROT_READ); }},
+#endif
     {"make a file of memory", [](Path) -> long { return memfd_create("a", 0); }},
     {"make a segment", [](Path) -> long { return shmget(IPC_PRIVATE, 4096, IPC_CREAT | 0600); }},
     {"outlive the parent", [](Path) -> long { return prctl(PR_SET_PDEATHSIG, 0); }},
@@ -162,6 +165,7 @@ constexpr struct {
     CALL(rseq),
     CALL(sched_yield),
     CALL(getpid),
+    CALL(restart_syscall),
     CALL(sched_getaffinity),
     CALL(getrusage),
     CALL(set_robust_list),

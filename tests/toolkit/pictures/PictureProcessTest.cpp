@@ -50,7 +50,7 @@ void WaitForLastChild() {
 
 TEST_F(PictureProcess, IsReplacedWhenItMisbehaves) {
     for (const char* how :
-         {"die", "lie about the size", "lie below zero", "lie about one side", "answer in part",
+         {"die", "end", "lie about the size", "lie below zero", "lie about one side", "answer in part",
           "keep the memory open", "shrink the memory", "a name that is much too long for a type"}) {
         EXPECT_EQ(Behave(how), "nothing") << how;
         EXPECT_EQ(Behave("well"), kGood) << "after: " << how;
