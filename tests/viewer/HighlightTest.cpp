@@ -154,6 +154,8 @@ TEST(Highlight, TheDialogKeepsTheLastAcceptedSearch) {
                   QApplication::clipboard()->setText(QStringLiteral("\nne\r\nw\n"));
                   Press(Qt::Key_V, Qt::ControlModifier); // It replaces what stands there, and is one line.
                   EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "ne w");
+                  Press(Qt::Key_Z, Qt::ControlModifier);
+                  EXPECT_EQ(dialog->ConjoinedPhraseTextField()->Text(), "b");
                   const auto windowOf = [](const Ref<Window>& window, const char* control) {
                       return WidgetOf(window, control).window()->windowHandle();
                   };

@@ -7,6 +7,7 @@
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QTimer>
 #include <QValidator>
 
 #include <algorithm>
@@ -42,12 +43,13 @@ QString InOneLine(QString text) {
     return text.remove(kEnds).replace(kInner, QStringLiteral(" "));
 }
 
-/// Makes one line of what is pasted or dropped.
+/// Makes one line of what is pasted or dropped: refuses it as it is, and has its one line put in its place.
+/// A change of what is there already would cost the field what it knows for undoing.
 class OneLine : public QValidator {
   public:
-    using QValidator::QValidator;
+    explicit OneLine(QLineEdit& field) : QValidator(&field), field_(field) {}
 
-    State validate(QString& text, int& cursor) const override {
+    State validate(QString& text, int& /*cursor*/) const override {
         // What is new lies between the beginning and the end that the text has in common with the one before.
         const auto most = std::min(text.size(), before_.size());
         const auto start =
@@ -57,15 +59,20 @@ class OneLine : public QValidator {
             - text.crbegin();
         const QString added = text.mid(start, text.size() - start - same);
         const QString line = InOneLine(added);
-        if (line != added) {
-            text.replace(start, added.size(), line);
-            cursor = static_cast<int>(start + line.size());
+        if (line == added) {
+            before_ = text;
+            return Acceptable;
         }
-        before_ = text;
-        return Acceptable;
+        const auto replaced = before_.size() - start - same;
+        QTimer::singleShot(0, &field_, [this, start, replaced, line] {
+            field_.setSelection(static_cast<int>(start), static_cast<int>(replaced));
+            field_.insert(line);
+        });
+        return Invalid;
     }
 
   private:
+    QLineEdit& field_;
     mutable QString before_;
 };
 
@@ -74,7 +81,7 @@ class OneLine : public QValidator {
 void TextField::MakeWidget(WindowFrame& frame) {
     auto* field = new Field(ToQString(text_), frame.Content());
     field->setMaxLength(std::numeric_limits<int>::max());
-    field->setValidator(new OneLine(field));
+    field->setValidator(new OneLine(*field));
     QObject::connect(field, &QLineEdit::textChanged, &Native().connections,
                      [this](const QString& text) { text_ = ToText(text); });
     Native().widget = field;
