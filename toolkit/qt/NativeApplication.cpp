@@ -107,6 +107,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
         icon.addFile(resources + QLatin1Char('/') + ToQString(file));
     }
     QGuiApplication::setWindowIcon(icon);
+    QApplication::setStyle(new HelpTagStyle);
     application->installEventFilter(new MenuWatch(application));
     application->installEventFilter(new HelpTags(application));
     application->installEventFilter(new DeletionWatch(application));
