@@ -20,6 +20,17 @@ bool CanHaveKeyboard(const QWidget* widget) {
     return widget != nullptr && widget->isVisible() && widget->isEnabled();
 }
 
+/// The digit from 1 to 9 of a key in the upper row, also where that takes the shift key, or stands for
+/// something else, as in France; 0 of any other key.
+int DigitOf(const QKeyEvent& event) {
+    constexpr quint32 kScanCodeOf1 = 10; // of X11 and Wayland
+    if (event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9) {
+        return event.key() - Qt::Key_0;
+    }
+    const quint32 place = event.nativeScanCode() - kScanCodeOf1;
+    return place < 9 ? static_cast<int>(place) + 1 : 0;
+}
+
 /// Does a key walk through a list?
 bool Walks(int key) {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown
@@ -88,11 +99,10 @@ bool WindowFrame::RunWindowKey(const QKeyEvent& event) {
         return true;
     }
     auto* const list = content_->findChild<ListView*>();
-    if (modifiers == Qt::ControlModifier && event.key() >= Qt::Key_1 && event.key() <= Qt::Key_9
-        && list != nullptr) {
-        return list->ClickHeading(event.key() - Qt::Key_1);
-    }
-    return false;
+    const int digit = DigitOf(event);
+    return digit > 0 && list != nullptr && modifiers.testFlag(Qt::ControlModifier)
+           && (modifiers & ~(Qt::ControlModifier | Qt::ShiftModifier)) == Qt::NoModifier
+           && list->ClickHeading(digit - 1);
 }
 
 bool WindowFrame::PressDialogButton(int key) {
