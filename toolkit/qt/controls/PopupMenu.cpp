@@ -5,12 +5,31 @@
 #include "WindowFrame.h"
 
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 
 namespace folimark {
+namespace {
+
+/// Arrow keys open it: a row is chosen once, whatever lies between it and the former one.
+class Menu : public QComboBox {
+  public:
+    using QComboBox::QComboBox;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Up) {
+            showPopup();
+        } else {
+            QComboBox::keyPressEvent(event);
+        }
+    }
+};
+
+} // namespace
 
 void PopupMenu::MakeWidget(WindowFrame& frame) {
-    auto* menu = new QComboBox(frame.Content());
+    auto* menu = new Menu(frame.Content());
     for (const std::string& row : rows_) {
         menu->addItem(ToQString(row));
     }

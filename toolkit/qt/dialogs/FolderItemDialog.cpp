@@ -107,6 +107,11 @@ class FolderDialog : public QFileDialog {
     void showEvent(QShowEvent* event) override {
         ForbidChanges();
         ShowWholeNames();
+        for (const char* name : {"fileTypeLabel", "fileTypeCombo"}) {
+            if (auto* widget = findChild<QWidget*>(QLatin1String(name))) {
+                widget->hide(); // There are only folders to be seen.
+            }
+        }
         QFileDialog::showEvent(event);
     }
 
