@@ -1,6 +1,7 @@
 #include "Answers.h"
 #include "Hindrances.h"
 #include "PictureProcess.h"
+#include "PictureService.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
 
@@ -98,7 +99,8 @@ TEST(Preview, ARowDoesNotWaitForItsPicture) {
     const auto look = [&] { return WidgetOf(album, "TheCanvas").grab().toImage(); };
     album->TheListBox()->ListIndex(1);
     EXPECT_EQ(album->EditPushButton()->Caption(), "Open PDF file  ⌘O");
-    WaitFor([&] { return look() != icon; }, "the preview says that it is being read");
+    const auto isAwaited = [] { return PictureService::The().IsAwaited(); };
+    WaitFor([&] { return look() != icon && isAwaited(); }, "the preview says that it is being read");
     album->TheListBox()->ListIndex(0);
     EXPECT_EQ(Preview(album), icon);
     album->TheListBox()->ListIndex(1);

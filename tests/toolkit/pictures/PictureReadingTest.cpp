@@ -100,6 +100,10 @@ TEST(PictureReading, TurnsPicturesUpright) {
         }
     }
     EXPECT_EQ(Quarters(Read(PictureFile("turned.tif"), "image/tiff")), "BRWG");
+    std::string turned = PictureFile("ycbcr.tif"); // with the orientation in place of the rows of a strip
+    const std::string field = Little(2, 3) + Little(4, 1);
+    turned.replace(turned.find(Little(2, 0x116) + field), 9, Little(2, 0x112) + field + "\3");
+    EXPECT_EQ(Quarters(Read(turned, "image/tiff")), "WBGR");
 }
 
 TEST(PictureReading, DecodesNoLargerThanWanted) {
@@ -186,6 +190,8 @@ TEST(PictureReading, UnwrapsQuickTimeImages) {
     for (const auto& [content, quarters] : cases) {
         EXPECT_EQ(Quarters(Read(content, "image/x-quicktime")), quarters) << &content - &cases[0].first;
     }
+    EXPECT_EQ(Sizes(Read(cases[4].first, "image/x-quicktime", 1, 2)),
+              "2x2 as 2x2"); // a square goes by the height
 }
 
 TEST(PictureReading, ShowsWhatThereIsOfAPhotographCutOff) {
