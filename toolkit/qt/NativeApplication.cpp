@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 #include "ClosedWidgets.h"
+#include "DesktopStyle.h"
 #include "EventGate.h"
 #include "FolderItem.h"
 #include "HelpTags.h"
@@ -107,7 +108,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
         icon.addFile(resources + QLatin1Char('/') + ToQString(file));
     }
     QGuiApplication::setWindowIcon(icon);
-    QApplication::setStyle(new HelpTagStyle);
+    QApplication::setStyle(new DesktopStyle);
     application->installEventFilter(new MenuWatch(application));
     application->installEventFilter(new HelpTags(application));
     application->installEventFilter(new DeletionWatch(application));
