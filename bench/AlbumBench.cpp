@@ -3,14 +3,18 @@
 #include "Application.h"
 #include "GlobalData.h"
 #include "Measure.h"
+#include "SlowDisk.h"
 #include "Start.h"
 #include "Toolkit.h"
 #include "Tree.h"
 #include "Yield.h"
+#include "aHilightWindow.h"
 #include "aListWindow.h"
 
+#include <QTimer>
+
 #include <cstdlib>
-#include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <malloc.h>
 #include <string_view>
@@ -144,33 +148,83 @@ void MemoryOfRows(const std::string& smallTree) {
     Print("memory of " + Count() + ", peak", (peak - before) / rows, 0, "bytes a row", 300);
 }
 
-/// The longest times between two turns of the event loop: the longest of all is that of the sort at the end.
+/// Times what lies between two turns of the event loop, for as long as it lives.
+class Gaps {
+  public:
+    Gaps()
+        : serve_(SetYieldHandler([this] {
+              Note();
+              serve_();
+              last_ = Clock::now();
+          })) {}
+    Gaps(const Gaps&) = delete;
+    Gaps& operator=(const Gaps&) = delete;
+    ~Gaps() { SetYieldHandler(serve_); }
+
+    void Restart() {
+        gaps_.clear();
+        last_ = Clock::now();
+    }
+    void Note() { gaps_.push_back(std::chrono::duration<double>(Clock::now() - last_).count()); }
+    /// In seconds; the longest is number 0.
+    double Longest(std::size_t number) {
+        std::sort(gaps_.rbegin(), gaps_.rend());
+        return gaps_.at(number);
+    }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    std::vector<double> gaps_;
+    Clock::time_point last_ = Clock::now();
+    std::function<void()> serve_;
+};
+
+/// The longest gap of all is that of the sort at the end.
 void Unserved() {
     double sort = 1e9;
     double scan = 1e9;
+    double search = 1e9;
     for (int i = 0; i < rounds; ++i) {
-        using Clock = std::chrono::steady_clock;
-        std::vector<double> gaps;
-        Clock::time_point last = Clock::now();
-        std::function<void()> serve;
-        const auto timed = [&] {
-            gaps.push_back(std::chrono::duration<double>(Clock::now() - last).count());
-            serve();
-            last = Clock::now();
-        };
-        serve = SetYieldHandler(timed);
-        {
-            Album album;
-            last = Clock::now();
-            album.Open();
-        }
-        SetYieldHandler(serve);
-        std::sort(gaps.rbegin(), gaps.rend());
-        sort = std::min(sort, gaps.at(0));
-        scan = std::min(scan, gaps.at(1));
+        Album album;
+        Gaps gaps;
+        album.Open();
+        sort = std::min(sort, gaps.Longest(0));
+        scan = std::min(scan, gaps.Longest(1));
+        GlobalData::HighlightPhrase1 = std::string("e");
+        QTimer::singleShot(0, [&] {
+            gaps.Restart();
+            album.window->HighlightWindow.As<aHilightWindow>()->OKPushButton()->Push();
+        });
+        album.window->HighlightPushButton()->Push(); // shows the dialog, and then searches
+        gaps.Note();
+        search = std::min(search, gaps.Longest(0));
     }
     Print("longest time unserved, scan of " + Count(), scan * 1000, 0, "ms", 30);
+    Print("longest time unserved, search in " + Count(), search * 1000, 0, "ms", 30);
     Print("longest time unserved, sort of " + Count(), sort * 1000, 0, "ms", 200);
+}
+
+void Growth() {
+    const std::string large = tree;
+    const std::int64_t many = files;
+    const std::string small = MakeTree(FolderOf(tree), files / 10);
+    const auto openOf = [](const std::string& root, std::int64_t count) {
+        tree = root;
+        files = count;
+        return OpenAlbum();
+    };
+    const Least least(
+        rounds, [&] { return openOf(large, many); }, [&] { return openOf(small, many / 10); });
+    files = many;
+    Print("open " + Count() + ", against a tenth of them", least, 10.5);
+}
+
+/// As on a disk across a network: how much sooner than one question after the other?
+void OpenFarAway() {
+    SetAnswerDelay(std::chrono::milliseconds(1));
+    Print("open " + Count() + ", a millisecond an answer, against a bare walk",
+          Least(1, OpenAlbum, [] { return SecondsOf([] { WalkBare(tree); }); }), 0.6);
 }
 
 } // namespace
@@ -182,7 +236,7 @@ int main(int count, char** arguments) {
     const std::string what = arguments[1];
     files = std::atoll(arguments[3]);
     rounds = std::atoi(arguments[4]);
-    tree = MakeTree(arguments[2], files);
+    tree = MakeTree(std::filesystem::absolute(arguments[2]), files);
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
     StartToolkit(arguments, {});
     _EarlyStartup();
@@ -193,7 +247,9 @@ int main(int count, char** arguments) {
         {"bfs", OpenAgainstBfs},
         {"cold", OpenCold},
         {"memory", [] { MemoryOfRows(MakeTree(FolderOf(tree), kFewFiles)); }},
-        {"unserved", Unserved}};
+        {"unserved", Unserved},
+        {"growth", Growth},
+        {"far", OpenFarAway}};
     for (const auto& [name, measure] : kinds) {
         if (name == what) {
             measure();
