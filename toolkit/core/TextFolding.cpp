@@ -34,7 +34,8 @@ const icu::Normalizer2& Folding() {
     return *folding;
 }
 
-/// The characters of the basic plane that folding leaves alone, whatever stands around them.
+/// The characters of the basic plane that folding leaves alone, whatever stands around them. Making it takes
+/// milliseconds, which plain names, and a start, do without.
 const std::bitset<kBasicPlane>& Inert() {
     static const std::bitset<kBasicPlane>& inert = [] {
         auto& made = *new std::bitset<kBasicPlane>; // lives as long as the process
@@ -67,7 +68,6 @@ void ReplaceIn(std::string& text, std::string_view wanted, std::string_view repl
 
 bool FoldsByAscii(std::string_view text) {
     constexpr std::uint64_t kHighBits = 0x8080808080808080;
-    const std::bitset<kBasicPlane>& inert = Inert();
     for (std::size_t i = 0; i < text.size();) {
         std::uint64_t word = 0;
         if (text.size() - i >= sizeof word) {
@@ -82,7 +82,7 @@ bool FoldsByAscii(std::string_view text) {
             continue;
         }
         const UChar32 character = CharacterAt(text, i);
-        if (character < 0 || character >= kBasicPlane || !inert[static_cast<std::size_t>(character)]) {
+        if (character < 0 || character >= kBasicPlane || !Inert()[static_cast<std::size_t>(character)]) {
             return false;
         }
     }
