@@ -5,21 +5,15 @@
 #include "ListedItem.h"
 #include "NamedItem.h"
 #include "NativePath.h"
+#include "Patience.h"
 #include "RegularFile.h"
 
 #include <cerrno>
-#include <chrono>
 #include <fcntl.h>
-#include <future>
 #include <sys/stat.h>
-#include <system_error>
-#include <thread>
 
 namespace folimark {
 namespace {
-
-/// A disk that stands still takes less to answer.
-constexpr std::chrono::seconds kPatience{5};
 
 FileStatus AskStatusAt(const std::string& path) {
     FileStatus status;
@@ -72,19 +66,8 @@ Ref<FolderItem> FolderItem::Item(std::int64_t index) const {
     return New<ListedItem>(entries_, static_cast<std::size_t>(index - 1));
 }
 
-// On a mount that doesn't answer any more a question may last for ever, and then a thread alone is left
-// behind.
 const FileStatus& FolderItem::AskAgain() const {
-    std::promise<FileStatus> promise;
-    std::future<FileStatus> answer = promise.get_future();
-    try {
-        std::thread([path = Path(), promise = std::move(promise)]() mutable {
-            promise.set_value(AskStatusAt(path));
-        }).detach();
-        status_ = answer.wait_for(kPatience) == std::future_status::ready ? answer.get() : FileStatus();
-    } catch (const std::system_error&) { // The system gives no thread.
-        status_ = AskStatusAt(Path());
-    }
+    status_ = AskPatiently([path = Path()] { return AskStatusAt(path); }).value_or(FileStatus());
     return *status_;
 }
 

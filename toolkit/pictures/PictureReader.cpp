@@ -1,5 +1,6 @@
 #include "PictureReader.h"
 
+#include "Patience.h"
 #include "PatientFile.h"
 #include "PictureProtocol.h"
 
@@ -56,8 +57,11 @@ FileState StateOf(const struct stat& status) {
 } // namespace
 
 std::optional<FileState> FileState::Of(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 ? std::optional(StateOf(status)) : std::nullopt;
+    const auto ask = [path] {
+        struct stat status {};
+        return stat(path.c_str(), &status) == 0 ? std::optional(StateOf(status)) : std::nullopt;
+    };
+    return AskPatiently(ask).value_or(std::nullopt);
 }
 
 std::optional<FileState> FileState::Of(int descriptor) {

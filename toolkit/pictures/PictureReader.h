@@ -54,7 +54,7 @@ struct FileState {
 
     bool operator==(const FileState&) const = default;
 
-    /// Nothing if the system can't tell.
+    /// Nothing if the system can't tell, or doesn't answer for some seconds.
     static std::optional<FileState> Of(const std::string& path);
     static std::optional<FileState> Of(int descriptor);
 };
