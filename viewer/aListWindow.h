@@ -116,9 +116,11 @@ class aListWindow : public MenuBarWindow {
 
     /// Shows a picture, or, if there is none, why.
     void ShowPreview(const Ref<Picture>& source, PictureRefusal refusal);
-    /// Has the pictures read that are likely to be wanted next: in the direction of the last step, and the
-    /// one behind.
+    /// Has the pictures read that are likely to be wanted next.
     void ReadAhead();
+    /// The rows that the next step may lead to: the two in the direction of the last step, and the one
+    /// behind. Among hits, if that led to one.
+    std::vector<std::int64_t> LikelyRows(std::int64_t row, std::int64_t step) const;
     /// The picture for the canvas: the source fitted into it, on the window's colour.
     Ref<Picture> ComposePreview(const Ref<Picture>& source);
     /// The picture for the canvas that says a short text instead.
@@ -140,10 +142,11 @@ class aListWindow : public MenuBarWindow {
     /// Lets the event loop run; raises EndException if that has closed the window.
     void Yield();
 
-    std::string shownPath_;     ///< of the file that the preview is about
-    std::string shownKind_;     ///< how that is called
-    Ref<FolderItem> requested_; ///< the file, as long as it is asked for no larger than the canvas
-    std::int64_t lastRow_ = -1; ///< that was shown
+    std::string shownPath_;      ///< of the file that the preview is about
+    std::string shownKind_;      ///< how that is called
+    Ref<FolderItem> requested_;  ///< the file, as long as it is asked for no larger than the canvas
+    std::int64_t lastRow_ = -1;  ///< that was shown
+    std::int64_t hitShown_ = -1; ///< that was reached last on the way from hit to hit
     bool scanning_ = false;
     /// The search that was made last while the scan went on: the rows that came after it don't know of it
     /// yet.

@@ -119,6 +119,7 @@ bool aListWindow::Event_KeyDown(const std::string& key) {
         }
         Yield();
     }
+    hitShown_ = i;
     list->ListIndex(i);
     return true;
 }

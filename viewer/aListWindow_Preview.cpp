@@ -18,6 +18,9 @@ constexpr Color kTextColor = 0x333333;
 constexpr int kLeastSide = 1;
 constexpr int kMostSide = 32767;
 
+/// Rows between hits, at most, that are worth looking at for one.
+constexpr std::int64_t kFarthestHit = 10'000;
+
 Ref<Picture> FilledPicture(const Ref<Canvas>& canvas, int depth, Color color) {
     Ref<Picture> picture = New<Picture>(canvas->Width(), canvas->Height(), depth);
     const Ref<Graphics> graphics = picture->Graphics();
@@ -30,9 +33,6 @@ bool CanBeFitted(const Ref<Picture>& picture) {
     const auto fits = [](int side) { return side >= kLeastSide && side <= kMostSide; };
     return fits(picture->Width()) && fits(picture->Height());
 }
-
-/// Has the user been told, in this run, that no pictures can be read?
-bool toldOfReader = false;
 
 /// Says why a file isn't shown.
 std::string NoticeOf(const std::string& kindName, PictureRefusal refusal) {
@@ -56,7 +56,8 @@ std::string NoticeOf(const std::string& kindName, PictureRefusal refusal) {
 }
 
 void TellOfReaderOnce() {
-    if (!std::exchange(toldOfReader, true)) {
+    static bool told = false;
+    if (!std::exchange(told, true)) {
         GlobalData::MessageBox1(
             GlobalData::MessageKind::Caution, "OK", "Folimark can’t show pictures and PDF files.",
             "The program “folimark-pictures”, which reads them, is missing or doesn’t work. "
@@ -126,12 +127,30 @@ void aListWindow::ShowPreview(const Ref<Picture>& source, PictureRefusal refusal
     }
 }
 
+std::vector<std::int64_t> aListWindow::LikelyRows(std::int64_t row, std::int64_t step) const {
+    if (row != hitShown_) {
+        return {row + step, row + 2 * step, row - step};
+    }
+    std::vector<std::int64_t> rows;
+    const auto addHits = [&](std::int64_t way, int count) {
+        for (std::int64_t i = 1; i <= kFarthestHit && count > 0; ++i) {
+            if (const std::int64_t next = row + i * way; next >= 0 && IsHighlighted(*TheListBox(), next)) {
+                rows.push_back(next);
+                --count;
+            }
+        }
+    };
+    addHits(step, 2);
+    addHits(-step, 1);
+    return rows;
+}
+
 void aListWindow::ReadAhead() {
     const Ref<Listbox> list = TheListBox();
     const std::int64_t row = list->ListIndex();
     const std::int64_t step = row < std::exchange(lastRow_, row) ? -1 : 1;
     std::vector<Ref<FolderItem>> files;
-    for (const std::int64_t next : {row + step, row + 2 * step, row - step}) {
+    for (const std::int64_t next : LikelyRows(row, step)) {
         if (next >= 0 && next <= list->LastIndex()) {
             const std::string path = list->RowTag(next);
             const MediaKind* const kind = KindOf(FileTypeOf(path.substr(path.rfind(':') + 1)));
