@@ -78,17 +78,6 @@ QTableView& ListOf(const Ref<Window>& window) {
     throw RobotFailure("The window “" + window->Title() + "” has no list.");
 }
 
-void ClickInList(const Ref<Window>& window, int row, bool twice, Qt::MouseButton button = Qt::LeftButton) {
-    QTableView& list = ListOf(window);
-    Settle(); // New rows come to the screen in batches.
-    const QModelIndex index = list.model()->index(row, 0);
-    if (!index.isValid()) {
-        throw RobotFailure("The list has no row " + std::to_string(row) + ".");
-    }
-    list.scrollTo(index); // As the wheel would.
-    ClickAt(*list.viewport(), list.visualRect(index).center(), twice, button);
-}
-
 } // namespace
 
 QString Read(QString caption) {
@@ -157,16 +146,15 @@ void Click(const Ref<Window>& window, const std::string& button) {
     ClickButtonOf(FrameOf(window), button);
 }
 
-void ClickRow(const Ref<Window>& window, int row) {
-    ClickInList(window, row, false);
-}
-
-void DoubleClickRow(const Ref<Window>& window, int row) {
-    ClickInList(window, row, true);
-}
-
-void ClickRowWithRightButton(const Ref<Window>& window, int row) {
-    ClickInList(window, row, false, Qt::RightButton);
+void ClickRow(const Ref<Window>& window, int row, bool twice, Qt::MouseButton button) {
+    QTableView& list = ListOf(window);
+    Settle(); // New rows come to the screen in batches.
+    const QModelIndex index = list.model()->index(row, 0);
+    if (!index.isValid()) {
+        throw RobotFailure("The list has no row " + std::to_string(row) + ".");
+    }
+    list.scrollTo(index); // As the wheel would.
+    ClickAt(*list.viewport(), list.visualRect(index).center(), twice, button);
 }
 
 void ClickBelowRows(const Ref<Window>& window) {

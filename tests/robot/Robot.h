@@ -43,9 +43,11 @@ std::string FrontTitle();
 
 /// Clicks a button or a toolbar's item, by its caption (without its shortcut) or its name.
 void Click(const Ref<Window>& window, const std::string& button);
-void ClickRow(const Ref<Window>& window, int row);
-void DoubleClickRow(const Ref<Window>& window, int row);
-void ClickRowWithRightButton(const Ref<Window>& window, int row);
+void ClickRow(const Ref<Window>& window, int row, bool twice = false,
+              Qt::MouseButton button = Qt::LeftButton);
+inline void DoubleClickRow(const Ref<Window>& window, int row) {
+    ClickRow(window, row, true);
+}
 /// Opens the menu of a row and chooses an item.
 void ChooseForRow(const Ref<Window>& window, int row, const std::string& item);
 /// Clicks into the empty part of the list.

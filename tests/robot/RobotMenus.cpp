@@ -46,7 +46,7 @@ void Choose(const std::string& menu, const std::string& item) {
 }
 
 void ChooseForRow(const Ref<Window>& window, int row, const std::string& item) {
-    ClickRowWithRightButton(window, row);
+    ClickRow(window, row, false, Qt::RightButton);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (menu == nullptr) {
         throw RobotFailure("The row has no menu.");

@@ -2,7 +2,6 @@
 #include "TestFolder.h"
 
 #include <gtest/gtest.h>
-#include <map>
 #include <random>
 
 namespace folimark {
@@ -46,7 +45,6 @@ TEST(ColonPath, LeadsEveryNameBack) {
     std::mt19937 random(11);
     const std::vector<std::string> pieces = {":",    "\uEF3A", "\xEE", "\xBC", "\xBA",
                                              "\xC2", "\x85",   "\n",   "é",    "."};
-    std::map<std::string, std::string> names;
     for (int i = 0; i < 200000; ++i) {
         std::string name;
         for (std::size_t length = random() % 8 + 1; length > 0; --length) {
@@ -59,7 +57,6 @@ TEST(ColonPath, LeadsEveryNameBack) {
         const std::string field = FieldOfName(name);
         ASSERT_EQ(NameOfField(field), name);
         ASSERT_EQ(field.find_first_of(":\n\r\0"s), std::string::npos);
-        ASSERT_EQ(names.try_emplace(field, name).first->second, name);
     }
 }
 

@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QTableView>
 #include <QToolTip>
 
@@ -92,19 +91,6 @@ TEST(Listbox, TheSelectedRowCanBeSeenInFrontAndBehind) {
             EXPECT_EQ(RowColor(list, 1, 0), marked ? Look::kHighlightedRow : Look::Stripe(0));
         }
     }
-}
-
-TEST(Listbox, ClosesWithRowsThatAreNotYetOnTheScreen) {
-    const TestFolder folder{"a.mp3"};
-    const RunningApplication application;
-    application.AddAndOpenAlbum(folder.Path());
-    for (int i = 0; i < 100; ++i) {
-        application.Album(0)->TheListBox()->AddRow({"a", "", "", "", ""});
-    }
-    const QPointer<QWidget> list = &WidgetOf(application.Album(0), "TheListBox");
-    application.Album(0)->Close();
-    application.Albums()->CatalogWindows.Set(0, {}); // the last handle
-    WaitFor([&list] { return list == nullptr; }, "the album's widgets have gone");
 }
 
 TEST(Listbox, RepeatsOfAHeldKeyThatComeTooLateAreDropped) {
