@@ -163,6 +163,9 @@ bool WindowFrame::event(QEvent* event) {
         TakeKeyboard(comesBack);
         EnterApplication([this] { window_->ActivatedByUser(kToolkit); });
     }
+    if (event->type() == QEvent::WindowStateChange && isMaximized() && !layout_.resizeable) {
+        QTimer::singleShot(0, this, [this] { TakeOwnSize(); });
+    }
     if (event->type() == QEvent::ApplicationFontChange) {
         QTimer::singleShot(0, this, [this] { Prepare(); }); // once the bars have taken it
     }

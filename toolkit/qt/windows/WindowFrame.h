@@ -80,6 +80,9 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     void ContentResized();
     void ResizedByUser();
     void Moved();
+    /// To be maximised is more than such a window can use, and it would keep its place, over the screen's
+    /// edge.
+    void TakeOwnSize();
     void NoteBorder();
     void WatchScreen(QScreen* screen);
     bool PressDialogButton(int key);

@@ -224,6 +224,17 @@ void WindowFrame::Moved() {
     }
 }
 
+void WindowFrame::TakeOwnSize() {
+    setWindowState(windowState() & ~Qt::WindowMaximized);
+    placed_ = false; // It may be on another screen than the one it was told.
+    const QRect room = Room();
+    const QPoint place = ContentPosition();
+    const QPoint last =
+        room.bottomRight() - QPoint(PixelsOf(layout_.width, RowHeight()), PixelsOf(height_, RowHeight()));
+    PlaceContent(UnitsOf(std::clamp(place.x(), room.left(), std::max(room.left(), last.x())), RowHeight()),
+                 UnitsOf(std::clamp(place.y(), room.top(), std::max(room.top(), last.y())), RowHeight()));
+}
+
 void WindowFrame::NoteBorder() {
     const QMargins border = windowHandle()->frameMargins();
     if (!border.isNull()) {
