@@ -87,6 +87,7 @@ TEST(Albums, AFolderThatIsDroppedBecomesOne) {
     EXPECT_TRUE(Drop(application.Albums(), folder.Path("A")));
     EXPECT_TRUE(Drop(application.Albums(), folder.Path("None")));
     Answers::Look = nullptr;
+    EXPECT_FALSE(GlobalData::CancelButtonPressed);
     EXPECT_EQ(icons, (std::vector{QMessageBox::Information, QMessageBox::Information, QMessageBox::Warning}));
     EXPECT_FALSE(Drop(application.Albums(), folder.Path("A/a.jpg")));
     Click(application.Albums(), "Open Album");
@@ -174,6 +175,7 @@ TEST(Albums, CommandsLeaveRowsAloneThatAreInUse) {
             [&] {
                 Click(albums, "Trash Album");
                 DoubleClickRow(albums, 0);
+                EXPECT_FALSE(Drop(albums, folder.Path("A")));
                 CloseByFrame(albums);
             },
             [&] { return albums->StaggerCatalogsButton->Pushed(); });
@@ -183,8 +185,12 @@ TEST(Albums, CommandsLeaveRowsAloneThatAreInUse) {
     ASSERT_GT(albums->ControlCount(), 0);
     const Answers answers{{kFolderDialog, folder.Path("A")},
                           {"The album “A” has already been cteated.", "OK"}};
-    const DuringYield search([&] { Click(albums, "Create Album"); },
-                             [&] { return albums->AddCatalogButton->Pushed(); });
+    const DuringYield search(
+        [&] {
+            EXPECT_FALSE(Drop(albums, folder.Path("A")));
+            Click(albums, "Create Album");
+        },
+        [&] { return albums->AddCatalogButton->Pushed(); });
     Click(albums, "Create Album");
 }
 
