@@ -73,7 +73,7 @@ WindowFrame::WindowFrame(Window& window, const WindowLayout& layout)
     if (IsSheet()) {
         setContentsMargins(kSheetEdge, kSheetEdge, kSheetEdge, kSheetEdge);
     }
-    SetTitle(std::string(layout.title));
+    WindowFrame::SetTitle(std::string(layout.title));
     if (layout.hasBackColor) {
         content_->setPalette(PaletteOn(layout.backColor));
         content_->setAutoFillBackground(true);
