@@ -81,5 +81,22 @@ TEST(Fit, WindowsAreWholeInEachFontAndOnEachScreen) {
     QApplication::setFont(before);
 }
 
+TEST(Fit, OpenWindowsFollowTheFont) {
+    const TestFolder folder{"a.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    const auto& list = dynamic_cast<QTableView&>(WidgetOf(album, "TheListBox"));
+    const QSize size = list.size();
+    const QFont before = QApplication::font();
+    for (const int points : {13, before.pointSize()}) {
+        QFont font = before;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        Settle();
+        ExpectWhole(album, list.screen()->geometry(), std::to_string(points));
+    }
+    EXPECT_EQ(list.size(), size);
+}
+
 } // namespace
 } // namespace folimark::test

@@ -184,6 +184,7 @@ bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
 
 void WindowFrame::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    AskForWholeRows();
     WatchScreen(windowHandle()->screen());
     connect(windowHandle(), &QWindow::screenChanged, this, &WindowFrame::WatchScreen, Qt::UniqueConnection);
 }

@@ -75,6 +75,7 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     /// Gives the window the size and the place that the screen has room for.
     void Fit();
     void AskFor(QSize size, QSize own, QSize least);
+    void AskForWholeRows();
     /// Brings all controls to where they belong in the content.
     void Arrange();
     void ContentResized();

@@ -151,9 +151,6 @@ void WindowFrame::AskFor(QSize size, QSize own, QSize least) {
         // It grows and shrinks by whole rows.
         const int rows = (own.height() - size.height() + rowHeight_ - 1) / rowHeight_;
         size.setHeight(std::max(least.height(), own.height() - rows * rowHeight_));
-        winId(); // makes the window, which takes these itself: its widget keeps them to itself
-        windowHandle()->setBaseSize(QSize(0, PixelsOf(layout_.minHeight, rowHeight_) + Bars().height()));
-        windowHandle()->setSizeIncrement(QSize(1, rowHeight_));
         setMinimumSize(QSize(size.width(), std::min(PixelsOf(layout_.minHeight, rowHeight_), size.height()))
                        + Bars());
         setMaximumSize(size.width(),
@@ -164,8 +161,17 @@ void WindowFrame::AskFor(QSize size, QSize own, QSize least) {
         setMaximumSize(own + Bars());
     }
     asked_ = size;
+    AskForWholeRows();
     resize(size + Bars());
     Arrange();
+}
+
+void WindowFrame::AskForWholeRows() {
+    // The window itself has to be told: what its widget is told of this doesn't reach it.
+    if (QWindow* window = windowHandle(); window != nullptr && layout_.resizeable) {
+        window->setBaseSize(QSize(0, PixelsOf(layout_.minHeight, rowHeight_) + Bars().height()));
+        window->setSizeIncrement(QSize(1, rowHeight_));
+    }
 }
 
 void WindowFrame::Arrange() {
