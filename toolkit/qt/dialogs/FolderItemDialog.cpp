@@ -1,6 +1,9 @@
 #include "FolderItemDialog.h"
 
+#include "ContentFit.h"
 #include "Descriptor.h"
+#include "FontMeasure.h"
+#include "FrontFrame.h"
 #include "MsgBox.h"
 #include "PlatformText.h"
 #include "RunDialog.h"
@@ -12,6 +15,7 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSettings>
 #include <QSplitter>
 #include <QStandardPaths>
@@ -31,9 +35,11 @@ namespace {
 constexpr int kSizeColumn = 1;
 constexpr int kKindColumn = 2;
 
-/// Enough for most names beside their dates, in logical pixels.
+/// Enough for most names beside their dates, in units, on a screen that has the room.
 constexpr QSize kSize(900, 540);
 constexpr int kPlacesWidth = 170;
+/// What window managers add to it, in logical pixels.
+constexpr QSize kBorder(8, 32);
 
 /// How many descriptors the dialog may need at once: a thread of its own that lists folders, and its watches.
 constexpr std::size_t kDescriptors = 16;
@@ -100,7 +106,9 @@ class FolderDialog : public QFileDialog {
         setViewMode(QFileDialog::Detail);
         setOptions(QFileDialog::ShowDirsOnly | QFileDialog::ReadOnly);
         setSidebarUrls(Places());
-        resize(kSize);
+        const QSize size(PixelsOf(kSize.width(), RowHeight()), PixelsOf(kSize.height(), RowHeight()));
+        const QWidget* const front = FrontFrame();
+        resize(size.boundedTo((front != nullptr ? front : this)->screen()->availableSize() - kBorder));
     }
 
   protected:
@@ -145,7 +153,8 @@ class FolderDialog : public QFileDialog {
     /// A name that is wider than the dialog can be scrolled.
     void ShowWholeNames() {
         if (auto* splitter = findChild<QSplitter*>()) {
-            splitter->setSizes({kPlacesWidth, kSize.width() - kPlacesWidth});
+            const int places = PixelsOf(kPlacesWidth, RowHeight());
+            splitter->setSizes({places, width() - places});
         }
         if (auto* list = findChild<QTreeView*>(QStringLiteral("treeView"))) {
             list->hideColumn(kSizeColumn);
