@@ -50,7 +50,7 @@ class Tour {
     void CreateAlbums(const RunningApplication& application, const std::string& pictures) {
         Say("The application starts without any album.");
         Keep(PictureOf(application.Albums()), "start");
-        Say("Create Album makes an album of a folder.");
+        Say("Create Album, or Ctrl+N, makes an album of a folder.");
         Answers::Look = [this](QWidget& dialog) {
             Keep(dialog.grab().toImage(), "dialog-" + dialog.windowTitle());
         };
@@ -75,21 +75,23 @@ class Tour {
     }
 
     void Sort(const Ref<aListWindow>& album) {
-        for (const char* heading :
-             {"Created", "Modified", "File Size", "Media", "Media files in this album"}) {
+        for (const char* heading : {"Created", "Modified", "File Size", "Media"}) {
             Say(std::string("A click on the heading “") + heading + "” sorts by that column.");
             ClickHeading(album, heading);
             Keep(PictureOf(album), "sorted");
         }
+        Say("Ctrl+1 to Ctrl+5 do the same: here the first column again.");
+        Press(Qt::Key_1, Qt::ControlModifier);
+        Keep(PictureOf(album), "sorted");
         Press(Qt::Key_Home);
-        Say("Hide Columns makes room for long names.");
+        Say("Hide Columns, or Ctrl+H, makes room for long names.");
         Choose("File", "Hide Columns");
         Keep(PictureOf(album), "columns-hidden");
         Choose("File", "Show Columns");
     }
 
     void Highlight(const Ref<aListWindow>& album) {
-        Say("Highlight marks the files whose names hold a phrase, or two.");
+        Say("Highlight, or Ctrl+L, marks the files whose names hold a phrase, or two.");
         const Answers answers{{kHighlightDialog, "", [this](const Ref<Window>& dialog) {
                                    Type("beach");
                                    ChooseRow(dialog, "ConjunctionPopUpMenu", "But not the phrase:");
@@ -104,7 +106,7 @@ class Tour {
     }
 
     void Menus() {
-        Say("Every command has its place in the menus.");
+        Say("Every command has its place in the menus, which F10 opens.");
         constexpr QRect kCorner(0, 0, 700, 300);
         Keep(PictureOfMenu("File").copy(kCorner), "menu-file");
         KeepForHelp(PictureOfMenu("Edit").copy(kCorner), "menu-edit");
@@ -129,11 +131,11 @@ class Tour {
         Say("Close Album closes the selected album's window.");
         ClickRow(application.Albums(), 1);
         Click(application.Albums(), "Close Album");
-        Say("Trash Album takes an album off the list. Its files stay where they are.");
+        Say("Trash Album, or Delete, takes an album off the list. Its files stay where they are.");
         Answers::Look = [this](QWidget& dialog) { Keep(dialog.grab().toImage(), "question"); };
         const Answers answers{{"Trash the “Behind the house” album?", "Trash"}};
         ClickRow(application.Albums(), 0);
-        Click(application.Albums(), "Trash Album");
+        Press(Qt::Key_Delete);
         Answers::Look = nullptr;
         Keep(PictureOf(application.Albums()), "trashed");
     }
