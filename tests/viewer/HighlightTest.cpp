@@ -111,6 +111,8 @@ TEST(Highlight, TabGoesRoundTheMarkedRows) {
     Search(album, "x", 0, "");
     ClickHeading(album, "Media files in this album");
     EXPECT_EQ(Marks(album), "..x..x...x");
+    Press(Qt::Key_R, Qt::ControlModifier); // hides the list for a while
+    EXPECT_TRUE(WidgetOf(album, "TheListBox").hasFocus());
 }
 
 TEST(Highlight, MarksOnTheScrollBarLeadToTheirRows) {

@@ -96,7 +96,9 @@ TEST(Preview, ARowDoesNotWaitForItsPicture) {
     const RunningApplication application;
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
     const QImage icon = Preview(album);
-    const auto look = [&] { return WidgetOf(album, "TheCanvas").grab().toImage(); };
+    const auto look = [&] {
+        return WidgetOf(album, "TheCanvas").grab().toImage().convertToFormat(QImage::Format_ARGB32);
+    };
     album->TheListBox()->ListIndex(1);
     EXPECT_EQ(album->EditPushButton()->Caption(), "Open PDF file  ⌘O");
     const auto isAwaited = [] { return PictureService::The().IsAwaited(); };
