@@ -50,10 +50,13 @@ class Stage:
         self.root = self.display.screen().root
         with open(os.path.join(folder, "rules.xml"), "w") as file:
             file.write(RULES)
+        started = os.path.join(folder, "started")
         self.manager = subprocess.Popen(
-            ["openbox", "--sm-disable", "--config-file", file.name], stderr=subprocess.DEVNULL,
+            ["openbox", "--sm-disable", "--config-file", file.name, "--startup", f"touch {started}"], stderr=subprocess.DEVNULL,
             env=dict(os.environ, DISPLAY=self.name, HOME=folder, XDG_CONFIG_HOME=folder, XDG_CACHE_HOME=folder))
-        wait_for(lambda: self._property(self.root, "_NET_SUPPORTING_WM_CHECK"), 60)
+        # It says earlier that it is there, but then forgets windows that come before it has started.
+        wait_for(lambda: os.path.exists(started), 60)
+        os.remove(started)
 
     def end(self):
         for process in (self.manager, self.server):
