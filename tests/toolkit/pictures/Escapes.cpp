@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <sched.h>
+#include <seccomp.h>
+#include <sstream>
 #include <sys/ioctl.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -135,58 +137,12 @@ constexpr Escape kEscapes[] = {
 };
 
 // Each is called with arguments that it refuses by itself, or that do no harm.
-constexpr struct {
-    const char* name;
-    long number;
-} kNeeded[] = {
-#define CALL(name)                                                                                           \
-    { #name, SYS_##name }
-    CALL(brk),
-    CALL(madvise),
-    CALL(mprotect),
-    CALL(mremap),
-    CALL(munmap),
-    CALL(faccessat2),
-    CALL(fstat),
-    CALL(getcwd),
-    CALL(getdents64),
-    CALL(newfstatat),
-    CALL(openat),
-    CALL(statx),
-    CALL(umask),
-    CALL(close),
-    CALL(lseek),
-    CALL(pread64),
-    CALL(read),
-    CALL(write),
-    CALL(getpeername),
-    CALL(futex),
-    CALL(gettid),
-    CALL(rseq),
-    CALL(sched_yield),
-    CALL(getpid),
-    CALL(restart_syscall),
-    CALL(sched_getaffinity),
-    CALL(getrusage),
-    CALL(set_robust_list),
-    CALL(rt_sigaction),
-    CALL(sigaltstack),
-    CALL(rt_sigprocmask),
-    CALL(times),
-    CALL(clock_gettime),
-    CALL(clock_nanosleep),
-    CALL(getrandom),
-    CALL(sysinfo),
-    CALL(uname),
-#ifdef SYS_open
-    CALL(access),
-    CALL(open),
-    CALL(readlink),
-    CALL(stat),
-    CALL(dup2),
-#endif
-#undef CALL
-};
+constexpr const char* kNeeded =
+    "access brk clock_gettime clock_nanosleep close dup2 faccessat2 fstat futex getcwd getdents64 "
+    "getpeername getpid getrandom getrusage gettid lseek madvise mprotect mremap munmap newfstatat "
+    "open openat pread64 read readlink restart_syscall rseq rt_sigaction rt_sigprocmask "
+    "sched_getaffinity sched_yield set_robust_list sigaltstack stat statx sysinfo times umask uname "
+    "write";
 
 volatile std::sig_atomic_t signalled = 0;
 
@@ -197,9 +153,11 @@ std::span<const Escape> Escapes() {
 }
 
 std::string MissingCall() {
-    for (const auto& call : kNeeded) {
-        if (syscall(call.number, -1, 0, 0, 0, 0, 0) < 0 && errno == EPERM) {
-            return call.name;
+    std::istringstream needed(kNeeded);
+    for (std::string name; needed >> name;) {
+        const int number = seccomp_syscall_resolve_name(name.c_str());
+        if (number == __NR_SCMP_ERROR || (syscall(number, -1, 0, 0, 0, 0, 0) < 0 && errno == EPERM)) {
+            return name;
         }
     }
     rlimit limit{};
