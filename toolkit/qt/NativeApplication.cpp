@@ -22,6 +22,7 @@
 #include <QMenuBar>
 
 #include <csignal>
+#include <cstdlib>
 
 namespace folimark {
 namespace {
@@ -65,6 +66,21 @@ void MakeDimmedTextReadable() {
     QApplication::setPalette(palette);
 }
 
+/// Whoever starts the application without a window system is told where they have typed that. The window
+/// system's own end would be a crash.
+QApplication* ConnectToWindowSystem(int& count, char** arguments) {
+    static QtMessageHandler tell;
+    tell = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        tell(type, context, text);
+        if (type == QtFatalMsg) {
+            std::_Exit(EXIT_FAILURE);
+        }
+    });
+    auto* application = new QApplication(count, arguments);
+    qInstallMessageHandler(tell);
+    return application;
+}
+
 QString& TheDisplayName() {
     static QString name;
     return name;
@@ -97,7 +113,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
         qputenv(kPlugins, plugins);
     }
     // Lives until the process ends; taking it down has no purpose and its order is full of traps.
-    auto* application = new QApplication(count, arguments);
+    auto* application = ConnectToWindowSystem(count, arguments);
     if (!plugins.isEmpty()) {
         qunsetenv(kPlugins); // What the application opens makes its own choice.
     }
