@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -67,6 +68,10 @@ TEST(Keyboard, EachCommandHasItsKey) {
         Type(typed);
         EXPECT_EQ(list->ListIndex(), row) << typed;
     }
+    // The menu bar has the keyboard then, and its commands are about the list.
+    dynamic_cast<QMainWindow&>(*QApplication::activeWindow()).menuBar()->setFocus(Qt::MenuBarFocusReason);
+    Choose("Edit", "Copy");
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), folder.Path("ch2.mp3"));
     Press(Qt::Key_F1);
     EXPECT_EQ(RunningApplication::Launched().size(), 1U);
     for (int i = 0; qobject_cast<QAbstractButton*>(QApplication::focusWidget()) == nullptr && i < 9; ++i) {

@@ -3,10 +3,12 @@
 #include "ListView.h"
 #include "Listbox.h"
 #include "ToolkitKey.h"
+#include "WindowFrame.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMenuBar>
 
 #include <algorithm>
 #include <array>
@@ -36,15 +38,23 @@ constexpr std::array kCommands{
                 [](QLineEdit& field) { field.selectAll(); }},
 };
 
+/// The control that has the keyboard, or has lent it to the menu bar.
+QWidget* KeyboardHolder() {
+    QWidget* const holder = QApplication::focusWidget();
+    const auto* frame =
+        qobject_cast<QMenuBar*>(holder) != nullptr ? dynamic_cast<WindowFrame*>(holder->window()) : nullptr;
+    return frame != nullptr ? frame->LastControl() : holder;
+}
+
 QLineEdit* FocusedField() {
-    return qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    return qobject_cast<QLineEdit*>(KeyboardHolder());
 }
 
 /// Copying is all that a list can do of these.
 constexpr std::string_view kCopy = "EditCopy";
 
 ListView* FocusedList() {
-    return dynamic_cast<ListView*>(QApplication::focusWidget());
+    return dynamic_cast<ListView*>(KeyboardHolder());
 }
 
 const EditCommand* Find(const std::string& itemName) {

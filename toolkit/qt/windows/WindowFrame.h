@@ -29,6 +29,8 @@ class WindowFrame : public QMainWindow, public NativeWindow {
     int ContentWidth() const { return asked_.width(); }
     /// Gives the keyboard to the control that had it, if the menu bar or nobody has it and no menu is open.
     void ReturnKeyboard();
+    /// The control that had the keyboard last; null if there was none.
+    QWidget* LastControl() const { return control_; }
     /// A list's row in this window, in logical pixels.
     int RowPixels() const { return rowHeight_; }
 
