@@ -70,7 +70,8 @@ void aListWindow::ListBoxAddRow(const Ref<FolderItem>& root, const Ref<FolderIte
 
 std::string aListWindow::GetCatalogPathWithoutTitle(const std::string& rootPath,
                                                     const std::string& filePath) const {
-    return Right(filePath, Len(filePath) - Len(rootPath));
+    return filePath.starts_with(rootPath) ? filePath.substr(rootPath.size())
+                                          : Right(filePath, Len(filePath) - Len(rootPath));
 }
 
 std::string aListWindow::MakeCatalogLabel(const std::string& path) const {
