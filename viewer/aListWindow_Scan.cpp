@@ -59,6 +59,7 @@ void aListWindow::MakeAndShowCatalog() {
     for (int column = 0; column < list->ColumnCount(); ++column) {
         list->ColumnAlignment(column, kAlbumColumns[column].align);
     }
+    list->ExpectSort(0);
     {
         const Finally restore(
             [saved = CurrentApplication()->MouseCursor()] { CurrentApplication()->MouseCursor(saved); });

@@ -83,10 +83,18 @@ TEST(ListRows, SortWholeRowsAndTellWhereTheyWent) {
     list.Sort(1, true);
     EXPECT_EQ(Column(list, 0), "e C a b d");
     list.RemoveRow(0);
+    list.ExpectSort(0);
+    list.AddRow({"B"});
+    list.RowTag(4, "B:tag:B");
     list.Sort(0, false);
-    EXPECT_EQ(Column(list, 0), "d C b a");
+    EXPECT_EQ(Column(list, 0), "d C B b a");
     list.Sort(7, true);
-    EXPECT_EQ(Column(list, 0), "d C b a");
+    EXPECT_EQ(Column(list, 0), "d C B b a");
+    list.ExpectSort(0);
+    list.Cell(0, 0, "0");
+    list.RowTag(0, "0:tag:0");
+    list.Sort(0, true);
+    EXPECT_EQ(Column(list, 0), "0 a b B C");
 }
 
 TEST(ListRows, FindTheFirstLetters) {

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstring>
 #include <numeric>
+#include <utility>
 
 namespace folimark {
 namespace {
@@ -51,6 +52,9 @@ void ListRows::AddRow(const std::vector<std::string_view>& cells) {
     std::copy_n(cells.begin(), count, texts.begin());
     rows_.push_back(store_.Add({texts.data(), count + 1}));
     orderedBy_.reset();
+    if (keysAhead_) {
+        keysAhead_->made.push_back(keysAhead_->keys.Add(CellOf(rows_.back(), keysAhead_->column)));
+    }
 }
 
 void ListRows::RemoveRow(std::int64_t row) {
@@ -58,6 +62,7 @@ void ListRows::RemoveRow(std::int64_t row) {
     store_.Remove(rows_[index]);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
     orderedBy_.reset();
+    keysAhead_.reset();
 }
 
 std::string_view ListRows::Cell(std::int64_t row, std::int64_t column) const {
@@ -76,6 +81,7 @@ void ListRows::Cell(std::int64_t row, std::int64_t column, std::string_view text
     if (orderedBy_ == cell) {
         orderedBy_.reset();
     }
+    keysAhead_.reset();
 }
 
 std::string ListRows::RowTag(std::int64_t row) const {
@@ -163,6 +169,13 @@ std::vector<std::int64_t> ListRows::Put(const std::vector<std::size_t>& order) {
     return places;
 }
 
+void ListRows::ExpectSort(std::int64_t column) {
+    keysAhead_.emplace().column = CheckedColumn(column);
+    for (const char* row : rows_) {
+        keysAhead_->made.push_back(keysAhead_->keys.Add(CellOf(row, keysAhead_->column)));
+    }
+}
+
 std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
     const std::size_t sorted = CheckedColumn(column);
     if (orderedBy_ == sorted) {
@@ -179,7 +192,11 @@ std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
     for (const char* row : rows_) {
         texts.push_back(CellOf(row, sorted));
     }
-    std::vector<std::size_t> order = SortedOrder(texts, &repeats_);
+    const std::optional<KeysAhead> ahead = std::exchange(keysAhead_, std::nullopt);
+    std::vector<std::size_t> order =
+        SortedOrder(texts, &repeats_,
+                    ahead && ahead->column == sorted ? std::span<const char* const>(ahead->made)
+                                                     : std::span<const char* const>());
     if (!ascending) {
         const std::vector<std::size_t> turned = TurnRound();
         std::vector<std::size_t> downwards;

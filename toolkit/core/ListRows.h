@@ -1,11 +1,11 @@
 #pragma once
 
 #include "Exceptions.h"
+#include "LetterKeys.h"
 #include "RowStore.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +38,9 @@ class ListRows {
     std::string RowTag(std::int64_t row) const;
     void RowTag(std::int64_t row, std::string_view tag);
 
+    /// From now on makes ready, with each row that is added, what a sort by that column needs, until it
+    /// comes or other rows change: so the sort takes less time at once.
+    void ExpectSort(std::int64_t column);
     /// Puts whole rows into the order of a column's texts. Rows with identical texts keep their order,
     /// upwards and downwards. Rows that are in order by that column already are only turned round, if at all.
     /// The result tells each row's new place: what stood in row i stands in row result[i].
@@ -50,6 +53,12 @@ class ListRows {
                             std::string_view separator = "") const;
 
   private:
+    struct KeysAhead {
+        std::size_t column;
+        LetterKeys keys;
+        std::vector<const char*> made; // of the rows, one by one
+    };
+
     std::size_t Checked(std::int64_t row) const;
     std::string StoredTag(std::string_view tag);
     void Replace(std::size_t row, const std::vector<std::string_view>& texts);
@@ -63,6 +72,7 @@ class ListRows {
     // By which column the rows are in order, and in which direction. None once they may not be any more.
     std::optional<std::size_t> orderedBy_;
     bool ascending_ = true;
+    std::optional<KeysAhead> keysAhead_; // none if no sort is expected
     std::vector<bool> repeats_; // of rows in order: does a row have the same text as the one above it?
 };
 

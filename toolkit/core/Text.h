@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -89,8 +90,9 @@ std::string SortKey(std::string_view text);
 
 /// The indexes (from 0) of the texts in the order of CompareForSort. Identical texts keep their order.
 /// `repeats`, if it isn't null, becomes one flag for each place of that order: is its text the same as the
-/// one before it?
+/// one before it? `keys` are those of the first texts that LetterKeys has made already.
 std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts,
-                                     std::vector<bool>* repeats = nullptr);
+                                     std::vector<bool>* repeats = nullptr,
+                                     std::span<const char* const> keys = {});
 
 } // namespace folimark

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <future>
+#include <numeric>
 #include <utility>
 
 namespace folimark {
@@ -38,15 +39,19 @@ struct Group {
 /// of neighbours, not entries.
 class Sorter {
   public:
-    explicit Sorter(const std::vector<std::string_view>& texts) : texts_(texts), entries_(texts.size()) {
+    Sorter(const std::vector<std::string_view>& texts, std::span<const char* const> keys)
+        : texts_(texts), entries_(texts.size()) {
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            entries_[i] = {0, keys[i], i};
+        }
         // Keys take longer to make than to sort, and are as quickly made on a thread beside this one. If the
         // system has none to give, this one makes them all.
-        const bool areMany = texts.size() >= kMany;
-        const std::size_t half = areMany ? texts.size() / 2 : 0;
+        const bool areMany = texts.size() - keys.size() >= kMany;
+        const std::size_t middle = areMany ? std::midpoint(keys.size(), texts.size()) : keys.size();
         std::future<void> beside =
             std::async(areMany ? std::launch::async | std::launch::deferred : std::launch::deferred,
-                       [this, half] { MakeKeys(keys_[1], 0, half); });
-        MakeKeys(keys_[0], half, texts.size());
+                       [&] { MakeKeys(keys_[1], keys.size(), middle); });
+        MakeKeys(keys_[0], middle, texts.size());
         beside.get();
         ranges_.push_back({0, entries_.size(), 0});
     }
@@ -174,8 +179,9 @@ int CompareForSort(std::string_view left, std::string_view right) {
     return order != 0 ? order : left.compare(right);
 }
 
-std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts, std::vector<bool>* repeats) {
-    Sorter sorter(texts);
+std::vector<std::size_t> SortedOrder(const std::vector<std::string_view>& texts, std::vector<bool>* repeats,
+                                     std::span<const char* const> keys) {
+    Sorter sorter(texts, keys);
     std::vector<std::size_t> order = sorter.Order();
     if (repeats != nullptr) {
         *repeats = sorter.Repeats();

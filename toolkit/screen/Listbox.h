@@ -73,6 +73,8 @@ class Listbox : public RectControl {
     void ColumnSortDirection(int column, SortDirection direction);
     int SortedColumn() const { return sortedColumn_; }
     void SortedColumn(int column);
+    /// Prepares for a sort by that column with each row that is added.
+    void ExpectSort(int column) { rows_.ExpectSort(column); }
     /// Sorts the rows by the text of SortedColumn in its direction. The selection goes with its row, and no
     /// Change is raised.
     void Sort();
