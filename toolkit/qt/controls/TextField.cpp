@@ -65,8 +65,12 @@ class OneLine : public QValidator {
         }
         const auto replaced = before_.size() - start - same;
         QTimer::singleShot(0, &field_, [this, start, replaced, line] {
-            field_.setSelection(static_cast<int>(start), static_cast<int>(replaced));
-            field_.insert(line);
+            if (field_.text() == before_) {
+                field_.setSelection(static_cast<int>(start), static_cast<int>(replaced));
+                field_.insert(line);
+            } else {
+                field_.setText(InOneLine(field_.text())); // It was set, and what is set isn't refused.
+            }
         });
         return Invalid;
     }

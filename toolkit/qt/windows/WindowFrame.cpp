@@ -209,6 +209,8 @@ void WindowFrame::mousePressEvent(QMouseEvent* event) {
     // A sheet has no title bar to be moved by.
     if (IsSheet() && event->button() == Qt::LeftButton) {
         windowHandle()->startSystemMove();
+    } else {
+        QMainWindow::mousePressEvent(event);
     }
 }
 
