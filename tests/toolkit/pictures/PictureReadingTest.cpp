@@ -26,6 +26,7 @@ constexpr Sample kSamples[] = {
     {"rgb.tif", "image/tiff"},
     {"sixteen.tif", "image/tiff"},
     {"cmyk.tif", "image/tiff"},
+    {"profile-cmyk.tif", "image/tiff", "GRBW"}, // cyan and magenta
     {"twelve.tif", "image/tiff"}, // bits a sample
     {"dark.tif", "image/tiff"},   // 12 bits a sample, kept in 16
     {"float.tif", "image/tiff"},

@@ -37,9 +37,9 @@ bool StartVips() {
     return started;
 }
 
-Vips ReadHead(Bytes file) {
+Vips ReadHead(Bytes file, const char* options) {
     auto* data = const_cast<std::uint8_t*>(file.data()); // libvips only reads
-    return Vips(StartVips() ? vips_image_new_from_buffer(data, file.size(), "", nullptr) : nullptr);
+    return Vips(StartVips() ? vips_image_new_from_buffer(data, file.size(), options, nullptr) : nullptr);
 }
 
 Size UprightSize(VipsImage* image) {
@@ -73,6 +73,18 @@ const char* ProfileFor(VipsImage* image) {
     return vips_image_get_typeof(image, VIPS_META_ICC_NAME) != 0 ? "srgb" : nullptr;
 }
 
+bool HasProfileOfInks(VipsImage* image) {
+    return ProfileFor(image) != nullptr && vips_image_get_interpretation(image) == VIPS_INTERPRETATION_CMYK;
+}
+
+Vips ScaledByInks(const Vips& image, Size upright) {
+    const Size size = Upright(upright, image.get());
+    const double across = double(size.width) / vips_image_get_width(image.get());
+    const double down = double(size.height) / vips_image_get_height(image.get());
+    const Vips scaled = Then(image, vips_resize, across, "vscale", down);
+    return Then(Then(scaled, vips_icc_transform, "srgb", "embedded", TRUE), vips_autorot);
+}
+
 std::optional<Pixels> Scaled(const Samples& samples, Size wanted) {
     if (!StartVips()) {
         return std::nullopt;
@@ -97,9 +109,12 @@ std::optional<Pixels> Scaled(const Samples& samples, Size wanted) {
     vips_image_set_int(described, VIPS_META_ORIENTATION, samples.orientation);
     const Size picture = Upright(samples.picture, described);
     const Size size = SizeFor(picture, wanted);
-    return PixelsOf(Then(input, vips_thumbnail_image, size.width, "height", size.height, "size",
-                         VIPS_SIZE_FORCE, "export_profile", ProfileFor(described)),
-                    picture);
+    Vips scaled = HasProfileOfInks(described) ? ScaledByInks(input, size) : nullptr;
+    if (!scaled) {
+        scaled = Then(input, vips_thumbnail_image, size.width, "height", size.height, "size", VIPS_SIZE_FORCE,
+                      "export_profile", ProfileFor(described));
+    }
+    return PixelsOf(scaled, picture);
 }
 
 } // namespace folimark

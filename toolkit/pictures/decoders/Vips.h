@@ -32,7 +32,8 @@ std::pair<std::unique_ptr<std::uint8_t[], GlibRelease>, std::size_t> MemoryOf(co
 bool StartVips();
 
 /// A picture of which no more than the head has been read yet; null if it is of none of the loaders' formats.
-Vips ReadHead(Bytes file);
+/// `options` are the loader's, as in "shrink=2".
+Vips ReadHead(Bytes file, const char* options = "");
 
 /// The size that `image` has when it is turned as its metadata says.
 Size UprightSize(VipsImage* image);
@@ -43,6 +44,14 @@ std::optional<Pixels> PixelsOf(const Vips& image, Size picture);
 /// The name for the option "export_profile" of libvips' scaling: sRGB for an `image` that has a profile of
 /// its own, none for one without. That is sRGB already, and the way through a profile would tint it.
 const char* ProfileFor(VipsImage* image);
+
+/// Does `image` have a profile of CMYK? libvips' own scaling goes through a profile of the library's then,
+/// and never looks at the picture's.
+bool HasProfileOfInks(VipsImage* image);
+
+/// Scales such an `image` to exactly the upright size, and takes its colours to sRGB by its profile; null if
+/// the profile is broken.
+Vips ScaledByInks(const Vips& image, Size upright);
 
 /// Scales `samples` to the size for a box of the size `wanted`, and takes their colours to sRGB.
 std::optional<Pixels> Scaled(const Samples& samples, Size wanted);

@@ -1,6 +1,7 @@
 #include "Decoders.h"
 #include "Vips.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace folimark {
@@ -10,11 +11,19 @@ namespace {
 /// today. JPEG is decoded at a fraction of its size.
 constexpr std::int64_t kMostPixelsWhole = std::int64_t{1} << 29;
 
-bool IsTooLarge(VipsImage* head, Size picture) {
+bool IsJpeg(VipsImage* head) {
     const char* loader = "";
     vips_image_get_string(head, VIPS_META_LOADER, &loader);
-    return std::int64_t{picture.width} * picture.height > kMostPixelsWhole
-           && std::string_view(loader) != "jpegload_buffer";
+    return std::string_view(loader) == "jpegload_buffer";
+}
+
+/// The picture to scale to `size`: JPEG at the fraction that is the fastest to decode.
+Vips Reduced(Bytes file, Vips head, Size picture, Size size) {
+    const int most = std::min(picture.width / size.width, picture.height / size.height);
+    if (!IsJpeg(head.get()) || most < 2) {
+        return head;
+    }
+    return ReadHead(file, most < 4 ? "shrink=2" : most < 8 ? "shrink=4" : "shrink=8");
 }
 
 std::optional<Pixels> Thumbnail(Bytes file, Size picture, Size size, const char* profile) {
@@ -31,19 +40,25 @@ std::optional<Pixels> Thumbnail(Bytes file, Size picture, Size size, const char*
 } // namespace
 
 std::optional<Pixels> DecodeWithVips(Bytes file, Size wanted) {
-    const Vips head = ReadHead(file);
+    Vips head = ReadHead(file);
     if (!head) {
         return std::nullopt;
     }
     const Size picture = UprightSize(head.get());
-    if (IsTooLarge(head.get(), picture)) {
+    if (std::int64_t{picture.width} * picture.height > kMostPixelsWhole && !IsJpeg(head.get())) {
         throw PictureTooLarge();
     }
     const Size size = SizeFor(picture, wanted);
     const char* profile = ProfileFor(head.get());
-    std::optional<Pixels> pixels = Thumbnail(file, picture, size, profile);
+    std::optional<Pixels> pixels;
+    if (HasProfileOfInks(head.get())) {
+        pixels = PixelsOf(ScaledByInks(Reduced(file, std::move(head), picture, size), size), picture);
+    }
+    if (!pixels) {
+        pixels = Thumbnail(file, picture, size, profile);
+    }
     // A profile that is broken itself doesn't cost the picture.
-    return pixels || profile == nullptr ? std::move(pixels) : Thumbnail(file, picture, size, nullptr);
+    return pixels || profile == nullptr ? pixels : Thumbnail(file, picture, size, nullptr);
 }
 
 } // namespace folimark
