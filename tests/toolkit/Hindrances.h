@@ -25,11 +25,11 @@ class AsNobody {
     bool wasRoot_;
 };
 
-/// Nothing more of a resource (RLIMIT_…) is to be had until the result's scope ends.
-inline auto NoMore(__rlimit_resource resource) {
+/// No more than `most` of a resource (RLIMIT_…) is to be had until the result's scope ends.
+inline auto NoMore(__rlimit_resource resource, rlim_t most = 0) {
     rlimit old{};
     getrlimit(resource, &old);
-    const rlimit none{0, old.rlim_max};
+    const rlimit none{most, old.rlim_max};
     setrlimit(resource, &none);
     return Finally([=] { setrlimit(resource, &old); });
 }
