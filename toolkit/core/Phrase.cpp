@@ -3,10 +3,17 @@
 #include "Text.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace folimark {
 namespace {
+
+bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+char UpperAscii(char byte) {
+    return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - ('a' - 'A')) : byte;
+}
 
 /// The smaller, the rarer in names: letters by how common they are in European languages, digits and signs
 /// between.
@@ -24,32 +31,38 @@ Phrase::Phrase(std::string_view text) : folded_(FoldForSearch(text)) {
     rarest_ = static_cast<std::size_t>(rarest - folded_.begin());
 }
 
-bool Phrase::IsInLowered(std::string_view text) const {
-    for (std::size_t at = rarest_; at < text.size(); ++at) {
-        const void* const found = std::memchr(text.data() + at, folded_[rarest_], text.size() - at);
-        if (found == nullptr) {
-            break;
+/// The byte behind the first place where the phrase stands but for the case of ASCII letters; npos if there
+/// is none.
+std::size_t Phrase::EndIn(std::string_view text) const {
+    const char small = folded_[rarest_];
+    const char large = UpperAscii(small);
+    std::size_t nextSmall = text.find(small, rarest_);
+    std::size_t nextLarge = small == large ? std::string_view::npos : text.find(large, rarest_);
+    for (;;) {
+        std::size_t& next = nextSmall < nextLarge ? nextSmall : nextLarge;
+        if (next == std::string_view::npos) {
+            return next;
         }
-        at = static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
-        if (text.substr(at - rarest_).starts_with(folded_)) {
-            return true;
+        const std::string_view place = text.substr(next - rarest_, folded_.size());
+        if (std::ranges::equal(place, folded_, {}, LowerAscii)) {
+            return next - rarest_ + folded_.size();
         }
+        next = text.find(text[next], next + 1);
     }
-    return false;
 }
 
-bool Phrase::IsIn(std::string_view text) {
+bool Phrase::IsIn(std::string_view text) const {
     if (folded_.empty()) {
         return false;
     }
-    if (!FoldsByAscii(text)) {
-        return FoldForSearch(text).find(folded_) != std::string::npos;
+    const std::size_t end = EndIn(text);
+    // A letter's accent may be a character of its own, behind it.
+    const bool standsAlone = end == text.size() || (end < text.size() && IsAscii(text[end]));
+    if (standsAlone && FoldsByAscii(text.substr(0, end))) {
+        return true;
     }
-    if (lowered_.size() < text.size()) {
-        lowered_.resize(text.size());
-    }
-    std::transform(text.begin(), text.end(), lowered_.begin(), LowerAscii);
-    return IsInLowered(std::string_view(lowered_).substr(0, text.size()));
+    return FoldsByAscii(text) ? end != std::string_view::npos
+                              : FoldForSearch(text).find(folded_) != std::string::npos;
 }
 
 } // namespace folimark

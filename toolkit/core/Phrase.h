@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,14 +13,13 @@ class Phrase {
     explicit Phrase(std::string_view text);
 
     /// Does it stand anywhere in the text? False if it is empty.
-    bool IsIn(std::string_view text);
+    bool IsIn(std::string_view text) const;
 
   private:
-    bool IsInLowered(std::string_view text) const;
+    std::size_t EndIn(std::string_view text) const;
 
     std::string folded_;
     std::size_t rarest_ = 0; // the place in folded_ of the byte that is looked for first
-    std::string lowered_;    // memory that is used again for each text
 };
 
 } // namespace folimark
