@@ -25,10 +25,10 @@ struct Call {
 
 // The argument's number, which of its bits are looked at, and what they have to be.
 scmp_arg_cmp Bits(unsigned argument, scmp_datum_t mask, scmp_datum_t value) {
-    return SCMP_CMP(argument, SCMP_CMP_MASKED_EQ, mask, value);
+    return {argument, SCMP_CMP_MASKED_EQ, mask, value};
 }
 scmp_arg_cmp Is(unsigned argument, scmp_datum_t value) {
-    return SCMP_CMP(argument, SCMP_CMP_EQ, value);
+    return {argument, SCMP_CMP_EQ, value, 0};
 }
 
 /// What glibc starts a thread with, which is no process of its own.
