@@ -45,7 +45,8 @@ Atoms ReadAtoms(Bytes file) {
 
 std::optional<Pixels> DecodeQuickTimeImage(Bytes file, Size wanted) {
     const Atoms atoms = ReadAtoms(file);
-    if (const PictureFormat* format = FormatOfContent(atoms.data)) {
+    const PictureFormat* format = FormatOfContent(atoms.data);
+    if (format != nullptr && format->type != "book/pdf") { // only pictures were ever wrapped
         return DecodeAs(*format, atoms.data, wanted);
     }
     const std::optional<ImageDescription> description = ReadImageDescription(atoms.description);
