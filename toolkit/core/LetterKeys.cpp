@@ -57,7 +57,7 @@ constexpr UChar32 kSignsEnd = 0x2040;
 constexpr UChar32 kArrow = 0x2192;
 constexpr std::size_t kPieces = kLatinEnd + (kSignsEnd - kSigns) + 1;
 
-std::size_t PlaceOf(UChar32 character) {
+std::size_t PieceIndexOf(UChar32 character) {
     if (character < kLatinEnd) {
         return static_cast<std::size_t>(character);
     }
@@ -109,14 +109,14 @@ std::vector<Piece> MakePieces() {
     KeyMaker maker(LettersCollator());
     std::vector<Piece> pieces(kPieces);
     for (UChar32 character = 1; character <= kArrow; ++character) {
-        if (const std::size_t place = PlaceOf(character); place > 0) {
-            pieces[place] = PieceOf(character, maker);
+        if (const std::size_t index = PieceIndexOf(character); index > 0) {
+            pieces[index] = PieceOf(character, maker);
         }
     }
     for (const std::u16string& contraction : Contractions()) {
         for (const char16_t other : contraction.substr(1)) {
-            const bool isKnown = pieces[PlaceOf(contraction.front())].lead != 0;
-            pieces[PlaceOf(other)] = isKnown ? Piece() : pieces[PlaceOf(other)];
+            const bool isKnown = pieces[PieceIndexOf(contraction.front())].lead != 0;
+            pieces[PieceIndexOf(other)] = isKnown ? Piece() : pieces[PieceIndexOf(other)];
         }
     }
     return pieces;
@@ -140,7 +140,7 @@ std::optional<std::size_t> KeyOfKnown(std::string_view text, char* key) {
     std::uint8_t lead = 0;
     for (std::uint32_t byte = 0; byte < text.size();) {
         const auto first = static_cast<unsigned char>(text[byte]);
-        const Piece& piece = pieces[first < 0x80 ? (++byte, first) : PlaceOf(NextCharacter(text, byte))];
+        const Piece& piece = pieces[first < 0x80 ? (++byte, first) : PieceIndexOf(NextCharacter(text, byte))];
         if (piece.lead == 0) {
             return std::nullopt;
         }
@@ -205,11 +205,11 @@ const char* LetterKeys::Add(std::string_view text) {
         used_ = 0;
         blocks_.push_back(std::make_unique_for_overwrite<char[]>(room_));
     }
-    char* const place = blocks_.back().get() + used_;
+    char* const start = blocks_.back().get() + used_;
     used_ += size;
-    std::memset(place + size - kWord, 0, kWord);
-    key.copy(place, key.size());
-    return place;
+    std::memset(start + size - kWord, 0, kWord);
+    key.copy(start, key.size());
+    return start;
 }
 
 } // namespace folimark

@@ -156,17 +156,17 @@ std::vector<std::size_t> ListRows::TurnRound() {
     return order;
 }
 
-/// \returns each row's new place.
+/// \returns each row's new number.
 std::vector<std::int64_t> ListRows::Put(const std::vector<std::size_t>& order) {
     std::vector<const char*> sorted;
     sorted.reserve(rows_.size());
-    std::vector<std::int64_t> places(rows_.size());
+    std::vector<std::int64_t> newRows(rows_.size());
     for (const std::size_t row : order) {
-        places[row] = static_cast<std::int64_t>(sorted.size());
+        newRows[row] = static_cast<std::int64_t>(sorted.size());
         sorted.push_back(rows_[row]);
     }
     rows_ = std::move(sorted);
-    return places;
+    return newRows;
 }
 
 void ListRows::ExpectSort(std::int64_t column) {
@@ -183,9 +183,9 @@ std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
             ascending_ = ascending;
             return Put(TurnRound());
         }
-        std::vector<std::int64_t> places(rows_.size());
-        std::iota(places.begin(), places.end(), 0);
-        return places;
+        std::vector<std::int64_t> newRows(rows_.size());
+        std::iota(newRows.begin(), newRows.end(), 0);
+        return newRows;
     }
     std::vector<std::string_view> texts;
     texts.reserve(rows_.size());
@@ -201,8 +201,8 @@ std::vector<std::int64_t> ListRows::Sort(std::int64_t column, bool ascending) {
         const std::vector<std::size_t> turned = TurnRound();
         std::vector<std::size_t> downwards;
         downwards.reserve(order.size());
-        for (const std::size_t place : turned) {
-            downwards.push_back(order[place]);
+        for (const std::size_t row : turned) {
+            downwards.push_back(order[row]);
         }
         order = std::move(downwards);
     }

@@ -43,7 +43,7 @@ class ListRows {
     void ExpectSort(std::int64_t column);
     /// Puts whole rows into the order of a column's texts. Rows with identical texts keep their order,
     /// upwards and downwards. Rows that are in order by that column already are only turned round, if at all.
-    /// The result tells each row's new place: what stood in row i stands in row result[i].
+    /// The result tells each row's new number: what stood in row i stands in row result[i].
     std::vector<std::int64_t> Sort(std::int64_t column, bool ascending);
 
     /// The first row, from `startRow` on and then from the top, whose first column starts with the text as

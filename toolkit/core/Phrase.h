@@ -19,7 +19,7 @@ class Phrase {
     std::size_t EndIn(std::string_view text) const;
 
     std::string folded_;
-    std::size_t rarest_ = 0; // the place in folded_ of the byte that is looked for first
+    std::size_t rarest_ = 0; // the index in folded_ of the byte that is looked for first
 };
 
 } // namespace folimark

@@ -19,18 +19,18 @@ std::size_t SizeOfLength(std::size_t length) {
     return size;
 }
 
-char* WriteLength(char* place, std::size_t length) {
+char* WriteLength(char* at, std::size_t length) {
     for (; length >= kMore; length >>= 7U) {
-        *place++ = static_cast<char>(length | kMore);
+        *at++ = static_cast<char>(length | kMore);
     }
-    *place++ = static_cast<char>(length);
-    return place;
+    *at++ = static_cast<char>(length);
+    return at;
 }
 
-std::size_t ReadLength(const char*& place) {
+std::size_t ReadLength(const char*& at) {
     std::size_t length = 0;
     for (unsigned shift = 0;; shift += 7) {
-        const auto byte = static_cast<unsigned char>(*place++);
+        const auto byte = static_cast<unsigned char>(*at++);
         length |= static_cast<std::size_t>(byte & (kMore - 1)) << shift;
         if (byte < kMore) {
             return length;
@@ -38,28 +38,28 @@ std::size_t ReadLength(const char*& place) {
     }
 }
 
-std::string_view TakeText(const char*& place) {
-    const std::size_t length = ReadLength(place);
-    place += length;
-    return {place - length, length};
+std::string_view TakeText(const char*& at) {
+    const std::size_t length = ReadLength(at);
+    at += length;
+    return {at - length, length};
 }
 
-char* WriteText(char* place, std::string_view text) {
-    place = WriteLength(place, text.size());
-    return place + text.copy(place, text.size());
+char* WriteText(char* at, std::string_view text) {
+    at = WriteLength(at, text.size());
+    return at + text.copy(at, text.size());
 }
 
 /// Where the text of that index begins, or the row ends.
-const char* PlaceOf(const char* row, std::size_t index) {
-    const char* place = row + 1;
+const char* TextAt(const char* row, std::size_t index) {
+    const char* at = row + 1;
     for (; index > 0; --index) {
-        TakeText(place);
+        TakeText(at);
     }
-    return place;
+    return at;
 }
 
 std::size_t SizeOfRow(const char* row) {
-    return static_cast<std::size_t>(PlaceOf(row, RowStore::Count(row)) - row);
+    return static_cast<std::size_t>(TextAt(row, RowStore::Count(row)) - row);
 }
 
 } // namespace
@@ -69,10 +69,10 @@ char* RowStore::Room(std::size_t size) {
         const std::size_t block = std::max(kBlock, size);
         blocks_.push_back({std::make_unique_for_overwrite<char[]>(block), block, 0});
     }
-    char* const place = blocks_.back().bytes.get() + blocks_.back().used;
+    char* const at = blocks_.back().bytes.get() + blocks_.back().used;
     blocks_.back().used += size;
     size_ += size;
-    return place;
+    return at;
 }
 
 const char* RowStore::Add(std::span<const std::string_view> texts) {
@@ -82,9 +82,9 @@ const char* RowStore::Add(std::span<const std::string_view> texts) {
     }
     char* const row = Room(size);
     *row = static_cast<char>(texts.size());
-    char* place = row + 1;
+    char* at = row + 1;
     for (const std::string_view text : texts) {
-        place = WriteText(place, text);
+        at = WriteText(at, text);
     }
     return row;
 }
@@ -98,7 +98,7 @@ bool RowStore::ChangeLast(const char* row, std::string_view text) {
     if (!IsLatest(row)) {
         return false;
     }
-    const auto start = static_cast<std::size_t>(PlaceOf(row, Count(row) - 1) - latest.bytes.get());
+    const auto start = static_cast<std::size_t>(TextAt(row, Count(row) - 1) - latest.bytes.get());
     const std::size_t used = start + SizeOfLength(text.size()) + text.size();
     if (used > latest.size) {
         return false;
@@ -123,8 +123,8 @@ std::string_view RowStore::Text(const char* row, std::size_t index) {
     if (index >= Count(row)) {
         return "";
     }
-    const char* place = PlaceOf(row, index);
-    return TakeText(place);
+    const char* at = TextAt(row, index);
+    return TakeText(at);
 }
 
 } // namespace folimark

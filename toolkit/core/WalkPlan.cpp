@@ -38,7 +38,7 @@ std::size_t WalkStep::Size() const {
                                    : kFolderSize + folder->Listing()->Count();
 }
 
-WalkPlan::Place WalkPlan::Cut(Place rest) {
+WalkPlan::Position WalkPlan::Cut(Position rest) {
     WalkStep& left = **rest;
     const OpenFolder& folder = *left.in;
     auto step = std::make_shared<WalkStep>();
@@ -54,26 +54,27 @@ WalkPlan::Place WalkPlan::Cut(Place rest) {
         }
     }
     left.first = step->last;
-    const Place place = steps_.insert(rest, std::move(step));
+    const Position position = steps_.insert(rest, std::move(step));
     if (left.first == left.last) {
         steps_.erase(rest);
     }
-    return place;
+    return position;
 }
 
-WalkPlan::Place WalkPlan::Erase(Place place) {
-    ahead_ -= (*place)->Size();
-    (*place)->dropped = true;
-    return steps_.erase(place);
+WalkPlan::Position WalkPlan::Erase(Position position) {
+    ahead_ -= (*position)->Size();
+    (*position)->dropped = true;
+    return steps_.erase(position);
 }
 
-void WalkPlan::EraseBelow(Place place) {
-    for (Place below = std::next(place); below != steps_.end() && (*below)->depth > (*place)->depth;) {
+void WalkPlan::EraseBelow(Position position) {
+    for (Position below = std::next(position);
+         below != steps_.end() && (*below)->depth > (*position)->depth;) {
         below = Erase(below);
     }
 }
 
-WalkPlan::Place WalkPlan::PlaceOf(const Step& step) {
+WalkPlan::Position WalkPlan::PositionOf(const Step& step) {
     return std::find(steps_.begin(), steps_.end(), step);
 }
 
@@ -108,15 +109,15 @@ void WalkPlan::Insert(FolderPath way) {
 }
 
 WalkPlan::Step WalkPlan::NextToDo() {
-    for (Place place = steps_.begin(); place != steps_.end(); ++place) {
-        if (place != steps_.begin() && ahead_ >= kMostAhead) {
+    for (Position position = steps_.begin(); position != steps_.end(); ++position) {
+        if (position != steps_.begin() && ahead_ >= kMostAhead) {
             break;
         }
-        if ((*place)->kind == WalkStep::Kind::Rest) {
-            place = Cut(place);
+        if ((*position)->kind == WalkStep::Kind::Rest) {
+            position = Cut(position);
         }
-        if ((*place)->state == WalkStep::State::Waiting) {
-            return *place;
+        if ((*position)->state == WalkStep::State::Waiting) {
+            return *position;
         }
     }
     return nullptr;
@@ -134,12 +135,12 @@ void WalkPlan::Finish(const Step& step) {
         rest->depth = step->depth + 1;
         rest->in = step->folder;
         rest->last = step->folder->Listing()->Count();
-        steps_.insert(std::next(PlaceOf(step)), std::move(rest));
+        steps_.insert(std::next(PositionOf(step)), std::move(rest));
     }
 }
 
 void WalkPlan::Repeat(const Step& step) {
-    EraseBelow(PlaceOf(step));
+    EraseBelow(PositionOf(step));
     ahead_ -= step->Size();
     step->state = WalkStep::State::Waiting;
 }

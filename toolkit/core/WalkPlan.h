@@ -100,12 +100,12 @@ class WalkPlan {
     /// Entries that are known ahead of the walk. Enough to bridge the event loop's turns, little enough to
     /// stay in the processor's cache.
     static constexpr std::size_t kMostAhead = 16384;
-    using Place = std::list<Step>::iterator;
+    using Position = std::list<Step>::iterator;
 
-    Place Cut(Place rest);
-    Place Erase(Place place);
-    void EraseBelow(Place place);
-    Place PlaceOf(const Step& step);
+    Position Cut(Position rest);
+    Position Erase(Position position);
+    void EraseBelow(Position position);
+    Position PositionOf(const Step& step);
 
     std::list<Step> steps_;
     std::size_t ahead_ = 0;
