@@ -6,8 +6,8 @@
 #include "DefaultMenuBar.h"
 #include "EventGate.h"
 #include "GlobalData.h"
-#include "PictureService.h"
 #include "OpenWindows.h"
+#include "PictureService.h"
 #include "Start.h"
 #include "Yield.h"
 

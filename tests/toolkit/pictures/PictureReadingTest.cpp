@@ -27,8 +27,8 @@ constexpr Sample kSamples[] = {
     {"sixteen.tif", "image/tiff"},
     {"cmyk.tif", "image/tiff"},
     {"profile-cmyk.tif", "image/tiff", "GRBW"}, // cyan and magenta
-    {"twelve.tif", "image/tiff"}, // bits a sample
-    {"dark.tif", "image/tiff"},   // 12 bits a sample, kept in 16
+    {"twelve.tif", "image/tiff"},               // bits a sample
+    {"dark.tif", "image/tiff"},                 // 12 bits a sample, kept in 16
     {"float.tif", "image/tiff"},
     {"lab.tif", "image/tiff"},
     {"ycbcr.tif", "image/tiff"},
