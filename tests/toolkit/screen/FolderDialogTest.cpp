@@ -76,9 +76,6 @@ TEST(FolderDialog, ChoosesWhatItsLineSays) {
 }
 
 TEST(FolderDialog, SaysThatItCantBeOpened) {
-#ifdef __SANITIZE_ADDRESS__
-    GTEST_SKIP() << "What watches types has to open files itself.";
-#endif
     const TestFolder folder;
     const RunningApplication application;
     const Descriptor next(dup(STDIN_FILENO));
