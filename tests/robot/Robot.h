@@ -48,6 +48,8 @@ void ClickRow(const Ref<Window>& window, int row, bool twice = false,
 inline void DoubleClickRow(const Ref<Window>& window, int row) {
     ClickRow(window, row, true);
 }
+/// As `Choose`, but the menu closes while the click is on its way to it.
+void ChooseTooLate(const std::string& menu, const std::string& item);
 /// Opens the menu of a row and chooses an item.
 void ChooseForRow(const Ref<Window>& window, int row, const std::string& item);
 /// Clicks into the empty part of the list.

@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QTest>
 
 namespace folimark::test {
 namespace {
@@ -23,7 +24,8 @@ QMenu& OpenMenu(const std::string& menu) {
     throw RobotFailure("The front window has no menu “" + menu + "”.");
 }
 
-void ChooseIn(QMenu& opened, const std::string& item) {
+/// Where an item stands that a person could choose.
+QPoint PlaceOf(QMenu& opened, const std::string& item) {
     for (QAction* action : opened.actions()) {
         if (Read(action->text()) != ToQString(item) || !action->isVisible()) {
             continue;
@@ -32,8 +34,7 @@ void ChooseIn(QMenu& opened, const std::string& item) {
             opened.close();
             throw RobotFailure("The menu item “" + item + "” is disabled.");
         }
-        ClickAt(opened, opened.actionGeometry(action).center());
-        return;
+        return opened.actionGeometry(action).center();
     }
     opened.close();
     throw RobotFailure("The menu has no item “" + item + "”.");
@@ -42,7 +43,16 @@ void ChooseIn(QMenu& opened, const std::string& item) {
 } // namespace
 
 void Choose(const std::string& menu, const std::string& item) {
-    ChooseIn(OpenMenu(menu), item);
+    QMenu& opened = OpenMenu(menu);
+    ClickAt(opened, PlaceOf(opened, item));
+}
+
+void ChooseTooLate(const std::string& menu, const std::string& item) {
+    QMenu& opened = OpenMenu(menu);
+    const QPoint place = PlaceOf(opened, item);
+    opened.close();
+    QTest::mouseClick(opened.windowHandle(), Qt::LeftButton, {}, place);
+    Settle();
 }
 
 void ChooseForRow(const Ref<Window>& window, int row, const std::string& item) {
@@ -51,7 +61,7 @@ void ChooseForRow(const Ref<Window>& window, int row, const std::string& item) {
     if (menu == nullptr) {
         throw RobotFailure("The row has no menu.");
     }
-    ChooseIn(*menu, item);
+    ClickAt(*menu, PlaceOf(*menu, item));
     Settle(); // The command comes when the menu has gone.
 }
 

@@ -64,6 +64,8 @@ TEST(Menu, HelpOpensThePageOrSaysThatItIsMissing) {
     const TestFolder folder;
     const RunningApplication application;
     const std::string page = ResourcesFolder()->Child("HelpSheet.html")->NativePath();
+    ChooseTooLate("Help", "Folimark Help Sheet");
+    EXPECT_EQ(RunningApplication::Launched(), std::vector<std::string>());
     Choose("Help", "Folimark Help Sheet");
     EXPECT_EQ(RunningApplication::Launched(), std::vector{page});
     std::filesystem::rename(page, page + ".away");

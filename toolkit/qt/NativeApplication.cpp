@@ -28,30 +28,44 @@ namespace folimark {
 namespace {
 
 /// Brings the menus up to date before a shortcut is tried: the window system only tries those of enabled
-/// items. And sees to it that the menu bar gives the keyboard back.
+/// items.
+void UpdateMenusOfActiveWindow() {
+    const std::vector<Ref<Window>> windows = OpenWindows();
+    for (const Ref<Window>& window : windows) {
+        const NativeWindow* native = window->Native(kToolkit);
+        if (native != nullptr && dynamic_cast<WindowFrame*>(QApplication::activeWindow()) == native) {
+            EnterApplication([&] { window->UpdateMenuItems(kToolkit); });
+        }
+    }
+}
+
+/// Is it a menu that has closed while a click was on its way to it? It would choose from it all the same.
+bool IsClosedMenu(const QWidget& widget) {
+    const QWidget* const window = widget.window();
+    return window->windowType() == Qt::Popup && !window->isVisible();
+}
+
+/// Menus and what leads to them: shortcuts and clicks.
 class MenuWatch : public QObject {
   public:
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::ShortcutOverride) {
-            const std::vector<Ref<Window>> windows = OpenWindows();
-            for (const Ref<Window>& window : windows) {
-                const NativeWindow* native = window->Native(kToolkit);
-                if (native != nullptr && dynamic_cast<WindowFrame*>(QApplication::activeWindow()) == native) {
-                    EnterApplication([&] { window->UpdateMenuItems(kToolkit); });
-                }
-            }
+        const QEvent::Type type = event->type();
+        if (type == QEvent::ShortcutOverride) {
+            UpdateMenusOfActiveWindow();
         }
+        const bool pressed = type == QEvent::MouseButtonPress;
+        const bool clicked =
+            pressed || type == QEvent::MouseButtonDblClick || type == QEvent::MouseButtonRelease;
+        const auto* const widget = clicked ? qobject_cast<QWidget*>(watched) : nullptr;
         // A click is the end of what the keyboard has begun in the menu bar.
-        if (auto* widget = qobject_cast<QWidget*>(watched); event->type() == QEvent::MouseButtonPress
-                                                            && widget != nullptr
-                                                            && qobject_cast<QMenuBar*>(widget) == nullptr) {
+        if (pressed && widget != nullptr && qobject_cast<const QMenuBar*>(widget) == nullptr) {
             if (auto* frame = dynamic_cast<WindowFrame*>(widget->window())) {
                 frame->ReturnKeyboard();
             }
         }
-        return false;
+        return widget != nullptr && IsClosedMenu(*widget);
     }
 };
 
