@@ -48,8 +48,6 @@ void ClickRow(const Ref<Window>& window, int row, bool twice = false,
 inline void DoubleClickRow(const Ref<Window>& window, int row) {
     ClickRow(window, row, true);
 }
-/// As `Choose`, but the menu closes while the click is on its way to it.
-void ChooseTooLate(const std::string& menu, const std::string& item);
 /// Opens the menu of a row and chooses an item.
 void ChooseForRow(const Ref<Window>& window, int row, const std::string& item);
 /// Clicks into the empty part of the list.
@@ -68,6 +66,10 @@ void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void Type(const std::string& text);
 /// Opens a menu of the front window and chooses an item, by their texts.
 void Choose(const std::string& menu, const std::string& item);
+/// As `Choose`, but the menu closes while the click is on its way to it.
+void ChooseTooLate(const std::string& menu, const std::string& item);
+/// Closes the window while a click is on its way to a menu of it. Does that open all the same?
+bool OpensTooLate(const Ref<Window>& window, const std::string& menu);
 /// The items of a menu of the front window that could be chosen, without separators, joined by ", ".
 std::string EnabledItems(const std::string& menu);
 /// The front window with the menu open.

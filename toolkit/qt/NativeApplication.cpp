@@ -39,33 +39,32 @@ void UpdateMenusOfActiveWindow() {
     }
 }
 
-/// Is it a menu that has closed while a click was on its way to it? It would choose from it all the same.
-bool IsClosedMenu(const QWidget& widget) {
-    const QWidget* const window = widget.window();
-    return window->windowType() == Qt::Popup && !window->isVisible();
+bool IsClick(QEvent::Type type) {
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick
+           || type == QEvent::MouseButtonRelease || type == QEvent::ContextMenu;
 }
 
-/// Menus and what leads to them: shortcuts and clicks.
-class MenuWatch : public QObject {
+/// Looks at shortcuts and clicks before the widgets get them.
+class InputWatch : public QObject {
   public:
     using QObject::QObject;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        const QEvent::Type type = event->type();
-        if (type == QEvent::ShortcutOverride) {
+        if (event->type() == QEvent::ShortcutOverride) {
             UpdateMenusOfActiveWindow();
         }
-        const bool pressed = type == QEvent::MouseButtonPress;
-        const bool clicked =
-            pressed || type == QEvent::MouseButtonDblClick || type == QEvent::MouseButtonRelease;
-        const auto* const widget = clicked ? qobject_cast<QWidget*>(watched) : nullptr;
+        const auto* const widget = IsClick(event->type()) ? qobject_cast<QWidget*>(watched) : nullptr;
+        if (widget == nullptr) {
+            return false;
+        }
         // A click is the end of what the keyboard has begun in the menu bar.
-        if (pressed && widget != nullptr && qobject_cast<const QMenuBar*>(widget) == nullptr) {
+        if (event->type() == QEvent::MouseButtonPress && qobject_cast<const QMenuBar*>(widget) == nullptr) {
             if (auto* frame = dynamic_cast<WindowFrame*>(widget->window())) {
                 frame->ReturnKeyboard();
             }
         }
-        return widget != nullptr && IsClosedMenu(*widget);
+        // One that was on its way when the window or the menu closed would be served all the same.
+        return !widget->isVisible();
     }
 };
 
@@ -139,7 +138,7 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
     }
     QGuiApplication::setWindowIcon(icon);
     QApplication::setStyle(new DesktopStyle);
-    application->installEventFilter(new MenuWatch(application));
+    application->installEventFilter(new InputWatch(application));
     application->installEventFilter(new HelpTags(application));
     application->installEventFilter(new DeletionWatch(application));
     InstallAccessibility();
