@@ -28,9 +28,12 @@ int RowHeightIn(const QFont& font) {
 }
 
 int RowHeight() {
-    int height = RowHeightIn(QApplication::font());
+    const QFont plain = QApplication::font();
+    int height = RowHeightIn(plain);
     for (const char* widget : {"QAbstractItemView", "QLabel", "QPushButton", "QToolButton"}) {
-        height = std::max(height, RowHeightIn(QApplication::font(widget)));
+        if (const QFont font = QApplication::font(widget); font != plain) { // Most desktops have one for all.
+            height = std::max(height, RowHeightIn(font));
+        }
     }
     return height;
 }

@@ -56,17 +56,20 @@ void PictureService::ReadAhead(std::vector<PictureQuestion> questions) {
 void PictureService::Deliver() {
     for (const auto& [question, reading] : queue_->TakeAnswers()) {
         store_.Keep(question, reading);
-        std::vector<Answered> waiting;
-        for (auto asker = askers_.begin(); asker != askers_.end();) {
-            if (asker->second.question == question) {
-                waiting.push_back(std::move(asker->second.answered));
-                asker = askers_.erase(asker);
-            } else {
-                ++asker;
+        std::vector<const void*> waiting;
+        for (const auto& [asker, asked] : askers_) {
+            if (asked.question == question) {
+                waiting.push_back(asker);
             }
         }
-        for (const Answered& answered : waiting) {
-            answered(reading);
+        for (const void* asker : waiting) {
+            // What the one before did with its answer may have been the end of this one.
+            if (const auto found = askers_.find(asker);
+                found != askers_.end() && found->second.question == question) {
+                const Answered answered = std::move(found->second.answered);
+                askers_.erase(found);
+                answered(reading);
+            }
         }
     }
 }
