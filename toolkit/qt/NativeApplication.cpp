@@ -144,7 +144,12 @@ void StartToolkit(char** arguments, const ApplicationIdentity& identity) {
     InstallAccessibility();
     MakeDimmedTextReadable();
     SetLaunchWatcher(WatchOpening);
-    SetYieldHandler([] { LetEventsIn([] { QCoreApplication::processEvents(); }); });
+    SetYieldHandler([] {
+        LetEventsIn([] {
+            QCoreApplication::processEvents(IsInputHeld() ? QEventLoop::ExcludeUserInputEvents
+                                                          : QEventLoop::AllEvents);
+        });
+    });
 }
 
 } // namespace folimark

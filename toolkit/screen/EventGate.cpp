@@ -15,6 +15,8 @@ enum class Phase { Starting, Running };
 bool closed = false;
 /// How many events are being handled, each in a yield or a dialog of the one before.
 int depth = 0;
+/// How many objects hold the user's input back.
+int holds = 0;
 
 /// \returns whether the application has dealt with it.
 bool Tell(const RuntimeException& error) {
@@ -93,6 +95,18 @@ void LetEventsIn(const std::function<void()>& loop) {
     if (IsQuitting()) {
         throw EndException();
     }
+}
+
+InputHold::InputHold() {
+    ++holds;
+}
+
+InputHold::~InputHold() {
+    --holds;
+}
+
+bool IsInputHeld() {
+    return holds > 0;
 }
 
 } // namespace folimark

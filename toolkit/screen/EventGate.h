@@ -26,4 +26,15 @@ bool IsHandlingEvent();
 /// for whatever events that lets in. Raises EndException behind the loop if the application is ending then.
 void LetEventsIn(const std::function<void()>& loop);
 
+/// While one lives, no yield lets in keys and clicks. They wait, and come in their order: for handlers that
+/// prepare what the user already sees coming, and types at.
+class InputHold {
+  public:
+    InputHold();
+    InputHold(const InputHold&) = delete;
+    InputHold& operator=(const InputHold&) = delete;
+    ~InputHold();
+};
+bool IsInputHeld();
+
 } // namespace folimark

@@ -1,4 +1,5 @@
 #include "CellPainter.h"
+#include "EventGate.h"
 #include "ListView.h"
 #include "Listbox.h"
 #include "MarkedScrollBar.h"
@@ -83,6 +84,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
         return;
     }
     const QPointer<ListView> self(this);
+    const InputHold forTheMenu;
     if (row != list_.ListIndex()) {
         list_.SelectByUser(kToolkit, row);
     }
