@@ -29,7 +29,7 @@ class Play:
 
     def __init__(self, executable, seed, folder, shared):
         self.executable, self.seed, self.folder, self.actions = executable, seed, folder, 0
-        self.told, self.started = [], time.monotonic()  # what has been done, each with its second
+        self.told, self.started, self.ending = [], time.monotonic(), None  # what has been done, each with its second
         self.albums = Albums(folder, shared, random.Random(seed))
         self.errors = os.path.join(folder, "errors")
         self.steps = {
@@ -61,7 +61,7 @@ class Play:
                                     env=dict(self.environment, DISPLAY=self.stage.name))
 
     def _start(self):
-        self.stage = Stage(self.folder, self._tell)
+        self.stage, self.ending = Stage(self.folder, self._tell), None
         self.application, self.others, self.later, self.trashed, self.may_end = self._launch(), [], [], 0, False
         self._hold(lambda: self._main() or self.application.poll() is not None, lambda: "The application doesn't start.")
         self.head = self._main().height - 257 if self._main() else 0  # the menus and the toolbar above the list
@@ -93,10 +93,17 @@ class Play:
     def _open_albums(self):
         return [view for view in self._views() if not is_main(view) and not view.dialog]
 
+    def last_steps(self, count):
+        """What is tried again and again at the end is told but a few times."""
+        return self.told[:self.ending][-count:]
+
+    def _press(self, *keys, times=1):
+        """Some of them may press the toolbar's button that Tab has come to."""
+        self.trashed += times * any(key in ("Return", "space", "Menu") for key in keys)
+        self.stage.press(*keys, times=times)
+
     def press_keys(self, rng):
-        key, times = rng.choice(KEYS), rng.choice([1, 1, 1, 2, 5, 20])
-        self.trashed += times if key == "Menu" else 0
-        self.stage.press(key, times=times)
+        self._press(rng.choice(KEYS), times=rng.choice([1, 1, 1, 2, 5, 20]))
 
     def _click(self, view, x, y, button=1, times=1):
         if is_main(view) and (y < self.head or button == 3):
@@ -152,19 +159,22 @@ class Play:
         if menu == "f":  # Quit is in there. The others have keys of their own.
             end = rng.choice(["q"] + ["Escape"] * 9)
             self.may_end |= end == "q"
-        self.stage.press("Alt+" + menu, *["Down"] * downs, end)
+        self._press("Alt+" + menu, *["Down"] * downs, end)
 
     def use_row_menu(self, rng):
         x, y, downs, end = rng.randrange(30, 500), rng.random(), rng.randrange(7), rng.choice(["Return", "Return", "Escape"])
+        if rng.random() < 0.3:  # Then the keys come before the menu.
+            send(self.application.pid, "STOP")
         if view := one_of(rng, self._views()):
             self._click(view, x, int(self.head + y * (view.height - self.head)), button=3)
             self.stage.press(*["Down"] * downs, end, choosing=True)
+        send(self.application.pid, "CONT")
 
     def highlight(self, rng):
         phrase, pause = rng.choice("0pgeN. "), rng.choice([0, 0.1, 0.3])
         self.stage.press("Control+l")
         time.sleep(pause)
-        self.stage.press("Control+a", phrase, "Tab", *["Down"] * rng.randrange(4), "Tab", phrase, rng.choice(["Return", "Escape"]))
+        self._press("Control+a", phrase, "Tab", *["Down"] * rng.randrange(4), "Tab", phrase, rng.choice(["Return", "Escape"]))
         self.stage.press("Tab", times=rng.randrange(1, 5))
 
     def answer(self, rng):
@@ -233,6 +243,7 @@ class Play:
             self._hold(lambda: self.application.poll() is not None or self._close_albums() and self._is_bounded(),
                        lambda: f"An album stays open, or of descriptors and KiB {self.first} have become {self._held()}.")
         self._tell(f"ends all by “{how}”")
+        self.ending = len(self.told) + 6
         # A second start that has had no answer says so, and ends with 1. So does whatever loses the X server.
         expected = {"kill": [0, -signal.SIGKILL], "server": [0, 1]}.get(how, [0])
         if how == "kill":
