@@ -34,8 +34,9 @@ class Play:
         self.errors = os.path.join(folder, "errors")
         self.steps = {
             self.hurry: 6, self.press_keys: 8, self.use_toolbar: 5, self.click_somewhere: 6, self.pick: 6, self.use_menu: 3,
-            self.use_row_menu: 4, self.highlight: 3, self.create: 3, self.trash: 2, self.answer: 4, self.close_album: 4, self.arrange: 3,
-            self.hinder_pictures: 4, self.stop_application: 2, self.limit_writing: 1, self.start_again: 1, self.change_folder: 3, self.edit_list: 1}
+            self.use_row_menu: 4, self.outrun_menu: 2, self.highlight: 3, self.create: 3, self.trash: 2, self.answer: 4,
+            self.close_album: 4, self.arrange: 3, self.hinder_pictures: 4, self.stop_application: 2,
+            self.limit_writing: 1, self.start_again: 1, self.change_folder: 3, self.edit_list: 1}
         os.symlink("/bin/true", os.path.join(folder, "xdg-open"))
         self.environment = {
             "HOME": folder, "XDG_CONFIG_HOME": os.path.dirname(self.albums.list), "XDG_CACHE_HOME": folder,
@@ -110,6 +111,9 @@ class Play:
             self.trashed += times
         self.stage.click(view, x, y, button, times)
 
+    def _click_row(self, view, row, **how):
+        self._click(view, 40, self.head + 8 + 16 * row, **how)
+
     def click_somewhere(self, rng):
         x, y, button, times = rng.random(), rng.random(), rng.choice([1, 1, 1, 1, 2, 3, 4, 5]), rng.choice([0, 1, 1, 2, 3])
         if view := one_of(rng, self._views()):
@@ -137,7 +141,7 @@ class Play:
         row = rng.randrange(11)
         if view := self._main():
             self.stage.manage(view)
-            self._click(view, 40, self.head + 8 + 16 * row, times=times)
+            self._click_row(view, row, times=times)
 
     def hurry(self, rng):
         """Opens an album, selects a picture, closes the window and goes elsewhere, each before the last has ended."""
@@ -163,12 +167,21 @@ class Play:
 
     def use_row_menu(self, rng):
         x, y, downs, end = rng.randrange(30, 500), rng.random(), rng.randrange(7), rng.choice(["Return", "Return", "Escape"])
-        if rng.random() < 0.3:  # Then the keys come before the menu.
-            send(self.application.pid, "STOP")
         if view := one_of(rng, self._views()):
             self._click(view, x, int(self.head + y * (view.height - self.head)), button=3)
             self.stage.press(*["Down"] * downs, end, choosing=True)
-        send(self.application.pid, "CONT")
+
+    def outrun_menu(self, rng):
+        """What is typed before a row's menu has come is for the menu."""
+        row = rng.randrange(11)
+        if view := self._main():
+            self.stage.manage(view)
+            send(self.application.pid, "STOP")
+            self._click_row(view, row, button=3)
+            self.stage.press("Escape", choosing=True)
+            send(self.application.pid, "CONT")
+            time.sleep(0.3)
+            self._hold(lambda: not self.stage.is_menu_open(), lambda: "A menu stays open.")
 
     def highlight(self, rng):
         phrase, pause = rng.choice("0pgeN. "), rng.choice([0, 0.1, 0.3])

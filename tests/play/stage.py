@@ -4,6 +4,7 @@ import os
 import subprocess
 import time
 from collections import namedtuple
+from contextlib import suppress
 
 from Xlib import X, XK, display, error
 from Xlib.ext import xtest
@@ -82,6 +83,15 @@ class Stage:
                 dialog = self.display.intern_atom("_NET_WM_WINDOW_TYPE_DIALOG") in kinds
                 views.append(View(window, pid[0], title, dialog, -place.x, -place.y, size.width, size.height))
         return views
+
+    def is_menu_open(self):
+        """Is there one of the application's windows that the window manager knows nothing of, or a help tag?"""
+        for window in self.root.query_tree().children:
+            with suppress(error.XError):
+                attributes = window.get_attributes()
+                if attributes.override_redirect and attributes.map_state == X.IsViewable and window.get_wm_class():
+                    return True
+        return False
 
     def _send(self, to, view, kind, number, mask):
         kind = self.display.intern_atom(kind)
