@@ -1,5 +1,6 @@
 #include "Answers.h"
 #include "Application.h"
+#include "EventGate.h"
 #include "Resources.h"
 #include "RunningApplication.h"
 #include "TestFolder.h"
@@ -66,6 +67,20 @@ TEST(Menu, ClicksThatComeTooLateDoNothing) {
     ChooseTooLate("File", "Quit");
     EXPECT_FALSE(IsQuitting());
     EXPECT_FALSE(OpensTooLate(application.AddAndOpenAlbum(folder.Path()), "File"));
+}
+
+TEST(Menu, WhatIsTypedAtTheMenuOfARowWaitsForIt) {
+    const TestFolder folder{"A/a.jpg", "B/b.jpg"};
+    const RunningApplication application;
+    application.AddAlbum(folder.Path("A"));
+    application.AddAlbum(folder.Path("B"));
+    bool held = false;
+    {
+        const DuringYield beforeTheMenu([&held] { held = IsInputHeld(); });
+        ChooseForRow(application.Albums(), 0, "Open Album");
+    }
+    EXPECT_TRUE(held);
+    EXPECT_FALSE(IsInputHeld());
 }
 
 TEST(Menu, HelpOpensThePageOrSaysThatItIsMissing) {

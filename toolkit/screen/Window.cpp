@@ -170,6 +170,7 @@ void Window::ResizedByUser(const ToolkitKey&, bool ended) {
 }
 
 bool Window::KeyDownByUser(const ToolkitKey&, const std::string& key) {
+    const InputHold inOrder; // The next key is for what this one leaves.
     return !key.empty() && Event_KeyDown(key);
 }
 
