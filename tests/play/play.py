@@ -111,9 +111,6 @@ class Play:
             self.trashed += times
         self.stage.click(view, x, y, button, times)
 
-    def _click_row(self, view, row, **how):
-        self._click(view, 40, self.head + 8 + 16 * row, **how)
-
     def click_somewhere(self, rng):
         x, y, button, times = rng.random(), rng.random(), rng.choice([1, 1, 1, 1, 2, 3, 4, 5]), rng.choice([0, 1, 1, 2, 3])
         if view := one_of(rng, self._views()):
@@ -141,7 +138,7 @@ class Play:
         row = rng.randrange(11)
         if view := self._main():
             self.stage.manage(view)
-            self._click_row(view, row, times=times)
+            self._click(view, 40, self.head + 8 + 16 * row, times=times)
 
     def hurry(self, rng):
         """Opens an album, selects a picture, closes the window and goes elsewhere, each before the last has ended."""
@@ -177,7 +174,7 @@ class Play:
         if view := self._main():
             self.stage.manage(view)
             send(self.application.pid, "STOP")
-            self._click_row(view, row, button=3)
+            self._click(view, 40, self.head + 8 + 16 * row, button=3)
             self.stage.press("Escape", choosing=True)
             send(self.application.pid, "CONT")
             time.sleep(0.3)

@@ -61,26 +61,20 @@ TEST(Menu, AlbumsShareTheCaptionOfTheColumnsItem) {
     EXPECT_EQ(second->TheListBox()->ColumnWidths(), shown);
 }
 
-TEST(Menu, ClicksThatComeTooLateDoNothing) {
-    const TestFolder folder{"a.jpg"};
+TEST(Menu, InputThatComesTooSoonWaitsAndTooLateDoesNothing) {
+    const TestFolder folder{"A/a.jpg", "B/b.jpg"};
     const RunningApplication application;
     ChooseTooLate("File", "Quit");
     EXPECT_FALSE(IsQuitting());
-    EXPECT_FALSE(OpensTooLate(application.AddAndOpenAlbum(folder.Path()), "File"));
-}
-
-TEST(Menu, WhatIsTypedAtTheMenuOfARowWaitsForIt) {
-    const TestFolder folder{"A/a.jpg", "B/b.jpg"};
-    const RunningApplication application;
     application.AddAlbum(folder.Path("A"));
-    application.AddAlbum(folder.Path("B"));
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path("B"));
     bool held = false;
     {
         const DuringYield beforeTheMenu([&held] { held = IsInputHeld(); });
-        ChooseForRow(application.Albums(), 0, "Open Album");
+        ChooseForRow(application.Albums(), 0, "Copy Path");
     }
     EXPECT_TRUE(held);
-    EXPECT_FALSE(IsInputHeld());
+    EXPECT_FALSE(OpensTooLate(album, "File"));
 }
 
 TEST(Menu, HelpOpensThePageOrSaysThatItIsMissing) {
