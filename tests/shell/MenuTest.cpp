@@ -68,12 +68,10 @@ TEST(Menu, InputThatComesTooSoonWaitsAndTooLateDoesNothing) {
     EXPECT_FALSE(IsQuitting());
     application.AddAlbum(folder.Path("A"));
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path("B"));
-    bool held = false;
     {
-        const DuringYield beforeTheMenu([&held] { held = IsInputHeld(); });
+        const DuringYield beforeTheMenu([] {}, IsInputHeld);
         ChooseForRow(application.Albums(), 0, "Copy Path");
     }
-    EXPECT_TRUE(held);
     EXPECT_FALSE(OpensTooLate(album, "File"));
 }
 

@@ -110,12 +110,10 @@ TEST(Highlight, TabGoesRoundTheMarkedRows) {
     }
     Search(album, "x", 0, "");
     ClickRow(album, 2);
-    bool held = false; // Else a second Tab would start where this one did.
     {
-        const DuringYield onTheWay([&held] { held = IsInputHeld(); });
+        const DuringYield onTheWay([] {}, IsInputHeld); // Else a second Tab would start where this one did.
         Press(Qt::Key_Tab);
     }
-    EXPECT_TRUE(held);
     // Marks belong to positions: sorting moves the rows and not the marks.
     Search(album, "x", 0, "");
     ClickHeading(album, "Media files in this album");
