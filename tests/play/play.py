@@ -173,6 +173,8 @@ class Play:
         row = rng.randrange(11)
         if view := self._main():
             self.stage.manage(view)
+            if not wait_for(lambda: self.stage.has_keyboard(view), 1):
+                return
             send(self.application.pid, "STOP")
             self._click(view, 40, self.head + 8 + 16 * row, button=3)
             self.stage.press("Escape", choosing=True)
