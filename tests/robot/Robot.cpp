@@ -223,6 +223,14 @@ void Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     Settle();
 }
 
+void PressAtOnce(std::initializer_list<Qt::Key> keys) {
+    for (const Qt::Key key : keys) {
+        qt_handleKeyEvent(&Front(), QEvent::KeyPress, key, Qt::NoModifier);
+        qt_handleKeyEvent(&Front(), QEvent::KeyRelease, key, Qt::NoModifier);
+    }
+    Settle();
+}
+
 void Type(const std::string& text) {
     for (const QChar character : ToQString(text)) {
         QTest::sendKeyEvent(QTest::Click, &Front(), Qt::Key_unknown, QString(character), Qt::NoModifier);

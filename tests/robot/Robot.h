@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <initializer_list>
 #include <stdexcept>
 #include <string>
 
@@ -63,6 +64,8 @@ void DragHeight(const Ref<Window>& window, int height);
 
 /// Keys go to the window that has the keyboard.
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// The keys come one right after the other, before anything else is served.
+void PressAtOnce(std::initializer_list<Qt::Key> keys);
 void Type(const std::string& text);
 /// Opens a menu of the front window and chooses an item, by their texts.
 void Choose(const std::string& menu, const std::string& item);

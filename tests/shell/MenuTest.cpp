@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+
 #include <filesystem>
 
 namespace folimark::test {
@@ -66,6 +68,8 @@ TEST(Menu, InputThatComesTooSoonWaitsAndTooLateDoesNothing) {
     const RunningApplication application;
     ChooseTooLate("File", "Quit");
     EXPECT_FALSE(IsQuitting());
+    PressAtOnce({Qt::Key_F10, Qt::Key_Escape, Qt::Key_Down});
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     application.AddAlbum(folder.Path("A"));
     const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path("B"));
     {

@@ -51,6 +51,8 @@ class InputWatch : public QObject {
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::ShortcutOverride) {
+            // A menu that has just closed has the keyboard given back; this key is for whoever gets it.
+            QCoreApplication::sendPostedEvents(QApplication::activeWindow(), QEvent::MetaCall);
             UpdateMenusOfActiveWindow();
         }
         const auto* const widget = IsClick(event->type()) ? qobject_cast<QWidget*>(watched) : nullptr;
