@@ -71,8 +71,6 @@ void Type(const std::string& text);
 void Choose(const std::string& menu, const std::string& item);
 /// As `Choose`, but the menu closes while the click is on its way to it.
 void ChooseTooLate(const std::string& menu, const std::string& item);
-/// Closes the window while a click is on its way to a menu of it. Does that open all the same?
-bool OpensTooLate(const Ref<Window>& window, const std::string& menu);
 /// The items of a menu of the front window that could be chosen, without separators, joined by ", ".
 std::string EnabledItems(const std::string& menu);
 /// The front window with the menu open.

@@ -11,25 +11,17 @@
 namespace folimark::test {
 namespace {
 
-QAction& TitleOf(const QMenuBar& bar, const std::string& menu) {
-    for (QAction* action : bar.actions()) {
-        if (Read(action->text()) == ToQString(menu)) {
-            return *action;
-        }
-    }
-    throw RobotFailure("The window has no menu “" + menu + "”.");
-}
-
 QMenu& OpenMenu(const std::string& menu) {
     auto* frame = dynamic_cast<QMainWindow*>(QApplication::activeWindow());
-    if (frame == nullptr) {
-        throw RobotFailure("The front window has no menus.");
+    QMenuBar* bar = frame == nullptr ? nullptr : frame->menuBar();
+    for (QAction* action : bar == nullptr ? QList<QAction*>() : bar->actions()) {
+        if (Read(action->text()) == ToQString(menu)) {
+            ClickAt(*bar, bar->actionGeometry(action).center());
+            WaitFor([action] { return action->menu()->isVisible(); }, "the menu “" + menu + "” is open");
+            return *action->menu();
+        }
     }
-    QMenuBar& bar = *frame->menuBar();
-    QAction& title = TitleOf(bar, menu);
-    ClickAt(bar, bar.actionGeometry(&title).center());
-    WaitFor([&title] { return title.menu()->isVisible(); }, "the menu “" + menu + "” is open");
-    return *title.menu();
+    throw RobotFailure("The front window has no menu “" + menu + "”.");
 }
 
 /// Where an item stands that a person could choose.
@@ -61,15 +53,6 @@ void ChooseTooLate(const std::string& menu, const std::string& item) {
     opened.close();
     QTest::mouseClick(opened.windowHandle(), Qt::LeftButton, {}, place);
     Settle();
-}
-
-bool OpensTooLate(const Ref<Window>& window, const std::string& menu) {
-    WindowFrame& frame = FrameOf(window);
-    const QMenuBar& bar = *frame.menuBar();
-    const QPoint place = bar.mapTo(&frame, bar.actionGeometry(&TitleOf(bar, menu)).center());
-    frame.windowHandle()->close();
-    QTest::mousePress(frame.windowHandle(), Qt::LeftButton, {}, place);
-    return QApplication::activePopupWidget() != nullptr;
 }
 
 void ChooseForRow(const Ref<Window>& window, int row, const std::string& item) {
