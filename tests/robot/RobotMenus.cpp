@@ -62,7 +62,6 @@ void ChooseForRow(const Ref<Window>& window, int row, const std::string& item) {
         throw RobotFailure("The row has no menu.");
     }
     ClickAt(*menu, PlaceOf(*menu, item));
-    Settle(); // The command comes when the menu has gone.
 }
 
 std::string EnabledItems(const std::string& menu) {

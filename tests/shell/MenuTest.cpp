@@ -73,7 +73,9 @@ TEST(Menu, InputThatComesTooSoonWaitsAndTooLateDoesNothing) {
     application.AddAlbum(folder.Path("A"));
     application.AddAlbum(folder.Path("B"));
     const DuringYield beforeTheMenu([] {}, IsInputHeld);
-    ChooseForRow(application.Albums(), 0, "Copy Path");
+    ClickRow(application.Albums(), 0, false, Qt::RightButton);
+    PressAtOnce({Qt::Key_Down, Qt::Key_Return, Qt::Key_Down});
+    EXPECT_EQ(FrontTitle(), "A");
 }
 
 TEST(Menu, HelpOpensThePageOrSaysThatItIsMissing) {

@@ -100,9 +100,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
     for (const ContextCommand& command : commands) {
         QAction* action = menu->addAction(AsCaption(command.text));
         action->setEnabled(command.enabled);
-        connect(
-            action, &QAction::triggered, this, [this, command] { list_.RunCommand(kToolkit, command); },
-            Qt::QueuedConnection);
+        connect(action, &QAction::triggered, this, [this, command] { list_.RunCommand(kToolkit, command); });
     }
     const QRect cell = visualRect(model_->index(static_cast<int>(list_.ListIndex()), 0));
     menu->popup(byMouse ? event->globalPos() : viewport()->mapToGlobal(cell.bottomLeft()));
