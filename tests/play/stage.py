@@ -84,9 +84,6 @@ class Stage:
                 views.append(View(window, pid[0], title, dialog, -place.x, -place.y, size.width, size.height))
         return views
 
-    def has_keyboard(self, view):
-        return self.display.get_input_focus().focus == view.window
-
     def is_menu_open(self):
         """Is there one of the application's windows that the window manager knows nothing of, or a help tag?"""
         for window in self.root.query_tree().children:
