@@ -231,6 +231,17 @@ void PressAtOnce(std::initializer_list<Qt::Key> keys) {
     Settle();
 }
 
+void PressUnannounced(const Ref<Window>& window, Qt::Key key) {
+    {
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QCoreApplication::processEvents();
+    } // Nobody is told who has the keyboard then.
+    QTest::keyClick(FrameOf(window).windowHandle(), key);
+    Settle();
+}
+
 void Type(const std::string& text) {
     for (const QChar character : ToQString(text)) {
         QTest::sendKeyEvent(QTest::Click, &Front(), Qt::Key_unknown, QString(character), Qt::NoModifier);

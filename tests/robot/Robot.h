@@ -66,6 +66,9 @@ void DragHeight(const Ref<Window>& window, int height);
 void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 /// The keys come one right after the other, before anything else is served.
 void PressAtOnce(std::initializer_list<Qt::Key> keys);
+/// Presses the key in that window, when the window that had the keyboard has just gone and nobody was told
+/// who has it now.
+void PressUnannounced(const Ref<Window>& window, Qt::Key key);
 void Type(const std::string& text);
 /// Opens a menu of the front window and chooses an item, by their texts.
 void Choose(const std::string& menu, const std::string& item);

@@ -55,6 +55,12 @@ TEST(Keyboard, NoSequenceOfMenusAndWindowsLeavesItDead) {
     }
 }
 
+TEST(Keyboard, ShortcutsAreHeardThoughNoWindowCountsAsActive) {
+    const RunningApplication application;
+    PressUnannounced(application.Albums(), Qt::Key_F1);
+    EXPECT_EQ(RunningApplication::Launched().size(), 1U);
+}
+
 TEST(Keyboard, EachCommandHasItsKey) {
     const TestFolder folder{"b/zebra.mp3", "ch1.mp3", "ch2.mp3", "Zoo/a.mp3"};
     const RunningApplication application;

@@ -6,69 +6,22 @@
 #include "EventGate.h"
 #include "FolderItem.h"
 #include "HelpTags.h"
-#include "OpenWindows.h"
+#include "InputWatch.h"
 #include "OpeningWatch.h"
 #include "PlatformText.h"
 #include "Resources.h"
 #include "Toolkit.h"
-#include "ToolkitKey.h"
-#include "Window.h"
-#include "WindowFrame.h"
 #include "Yield.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
-#include <QMenuBar>
 
 #include <csignal>
 #include <cstdlib>
 
 namespace folimark {
 namespace {
-
-/// Brings the menus up to date before a shortcut is tried: the window system only tries those of enabled
-/// items.
-void UpdateMenusOfActiveWindow() {
-    const std::vector<Ref<Window>> windows = OpenWindows();
-    for (const Ref<Window>& window : windows) {
-        const NativeWindow* native = window->Native(kToolkit);
-        if (native != nullptr && dynamic_cast<WindowFrame*>(QApplication::activeWindow()) == native) {
-            EnterApplication([&] { window->UpdateMenuItems(kToolkit); });
-        }
-    }
-}
-
-bool IsClick(QEvent::Type type) {
-    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick
-           || type == QEvent::MouseButtonRelease || type == QEvent::ContextMenu;
-}
-
-/// Looks at shortcuts and clicks before the widgets get them.
-class InputWatch : public QObject {
-  public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::ShortcutOverride) {
-            // A menu that has just closed has the keyboard given back; this key is for whoever gets it.
-            QCoreApplication::sendPostedEvents(QApplication::activeWindow(), QEvent::MetaCall);
-            UpdateMenusOfActiveWindow();
-        }
-        const auto* const widget = IsClick(event->type()) ? qobject_cast<QWidget*>(watched) : nullptr;
-        if (widget == nullptr) {
-            return false;
-        }
-        // A click is the end of what the keyboard has begun in the menu bar.
-        if (event->type() == QEvent::MouseButtonPress && qobject_cast<const QMenuBar*>(widget) == nullptr) {
-            if (auto* frame = dynamic_cast<WindowFrame*>(widget->window())) {
-                frame->ReturnKeyboard();
-            }
-        }
-        // One that was on its way when the window or the menu closed would be served all the same.
-        return !widget->isVisible();
-    }
-};
 
 /// Captions of what is disabled stay dim but can be read, on light and on dark grounds. All else is the
 /// desktop's, and follows it.
