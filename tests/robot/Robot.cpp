@@ -242,6 +242,15 @@ void PressUnannounced(const Ref<Window>& window, Qt::Key key) {
     Settle();
 }
 
+void PressInMenu(Qt::Key key) {
+    QWidget* menu = QApplication::activePopupWidget();
+    if (menu == nullptr) {
+        throw RobotFailure("No menu is open.");
+    }
+    QTest::keyClick(menu->windowHandle(), key);
+    Settle();
+}
+
 void Type(const std::string& text) {
     for (const QChar character : ToQString(text)) {
         QTest::sendKeyEvent(QTest::Click, &Front(), Qt::Key_unknown, QString(character), Qt::NoModifier);

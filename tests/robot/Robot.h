@@ -69,11 +69,15 @@ void PressAtOnce(std::initializer_list<Qt::Key> keys);
 /// Presses the key in that window, when the window that had the keyboard has just gone and nobody was told
 /// who has it now.
 void PressUnannounced(const Ref<Window>& window, Qt::Key key);
+/// Presses a key in the menu that is open. Some window systems send such keys to its own window.
+void PressInMenu(Qt::Key key);
 void Type(const std::string& text);
 /// Opens a menu of the front window and chooses an item, by their texts.
 void Choose(const std::string& menu, const std::string& item);
 /// As `Choose`, but the menu closes while the click is on its way to it.
 void ChooseTooLate(const std::string& menu, const std::string& item);
+/// Presses the key while the menu of the front window is open, and that closes with the key on its way to it.
+void PressTooLate(const std::string& menu, Qt::Key key);
 /// The items of a menu of the front window that could be chosen, without separators, joined by ", ".
 std::string EnabledItems(const std::string& menu);
 /// The front window with the menu open.

@@ -55,6 +55,13 @@ void ChooseTooLate(const std::string& menu, const std::string& item) {
     Settle();
 }
 
+void PressTooLate(const std::string& menu, Qt::Key key) {
+    QMenu& opened = OpenMenu(menu);
+    opened.close();
+    QTest::keyClick(opened.windowHandle(), key);
+    Settle();
+}
+
 void ChooseForRow(const Ref<Window>& window, int row, const std::string& item) {
     ClickRow(window, row, false, Qt::RightButton);
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());

@@ -67,15 +67,18 @@ TEST(Menu, InputThatComesTooSoonWaitsAndTooLateDoesNothing) {
     const TestFolder folder{"A/a.jpg", "B/b.jpg"};
     const RunningApplication application;
     ChooseTooLate("File", "Quit");
+    PressTooLate("File", Qt::Key_Q);
     EXPECT_FALSE(IsQuitting());
     PressAtOnce({Qt::Key_F10, Qt::Key_Escape, Qt::Key_Down});
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     application.AddAlbum(folder.Path("A"));
     application.AddAlbum(folder.Path("B"));
+    PressTooLate("File", Qt::Key_Home);
+    EXPECT_EQ(application.Albums()->TheListBox()->ListIndex(), 0);
     const DuringYield beforeTheMenu([] {}, IsInputHeld);
-    ClickRow(application.Albums(), 0, false, Qt::RightButton);
+    ClickRow(application.Albums(), 1, false, Qt::RightButton);
     PressAtOnce({Qt::Key_Down, Qt::Key_Return, Qt::Key_Down});
-    EXPECT_EQ(FrontTitle(), "A");
+    EXPECT_EQ(FrontTitle(), "B");
 }
 
 TEST(Menu, HelpOpensThePageOrSaysThatItIsMissing) {

@@ -85,6 +85,23 @@ TEST(Highlight, PhrasesAreJoined) {
     EXPECT_THROW(Choose("Edit", "Remove Highlighting"), RobotFailure);
 }
 
+TEST(Highlight, TheDialogCanBeFilledInByKeysAlone) {
+    const TestFolder folder{"beach.mp3", "sun.mp3", "sunny beach.mp3"};
+    const RunningApplication application;
+    const Ref<aListWindow> album = application.AddAndOpenAlbum(folder.Path());
+    const Answers answers{{kHighlightDialog, "", [](const Ref<Window>&) {
+                               Type("beach");
+                               Press(Qt::Key_Tab);
+                               Press(Qt::Key_Space);
+                               PressInMenu(Qt::Key_Down);
+                               PressInMenu(Qt::Key_Return);
+                               Type("sun");
+                               Press(Qt::Key_Return);
+                           }}};
+    Press(Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(Marks(album), "..x");
+}
+
 TEST(Highlight, TabGoesRoundTheMarkedRows) {
     struct Case {
         const char* marked; // the phrase

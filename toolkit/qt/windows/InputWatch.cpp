@@ -1,6 +1,7 @@
 #include "InputWatch.h"
 
 #include "EventGate.h"
+#include "FrontFrame.h"
 #include "OpenWindows.h"
 #include "ToolkitKey.h"
 #include "Window.h"
@@ -14,61 +15,96 @@
 namespace folimark {
 namespace {
 
-/// The open window, and its frame, that the window system knows as `native`; null for dialogs and menus, and
-/// for what has closed.
-std::pair<Ref<Window>, WindowFrame*> FindOpenWindow(const QObject* native) {
+/// The open window that the window system knows as `native`; null for dialogs and menus, and for what has
+/// closed.
+Ref<Window> FindOpenWindow(const QWindow& native) {
     for (const Ref<Window>& window : OpenWindows()) {
-        auto* frame = dynamic_cast<WindowFrame*>(window->Native(kToolkit));
-        if (frame != nullptr && frame->windowHandle() == native) {
-            return {window, frame};
+        const auto* frame = dynamic_cast<WindowFrame*>(window->Native(kToolkit));
+        if (frame != nullptr && frame->windowHandle() == &native) {
+            return window;
         }
     }
-    return {};
+    return nullptr;
+}
+
+bool MayHaveKeyboard(const WindowFrame& frame) {
+    const QWidget* modal = QApplication::activeModalWidget();
+    return QApplication::activePopupWidget() == nullptr && (modal == nullptr || modal == &frame);
 }
 
 /// The keyboard that is given to a window behind a dialog is passed on to the dialog. If that closes at that
 /// moment, no window counts as active any more and no shortcut would be heard; but input shows who has it.
 void ActivateIfNoneIs(WindowFrame& frame) {
-    const QWidget* modal = QApplication::activeModalWidget();
-    if (QApplication::activeWindow() == nullptr && QApplication::activePopupWidget() == nullptr
-        && (modal == nullptr || modal == &frame)) {
+    if (QApplication::activeWindow() == nullptr && MayHaveKeyboard(frame)) {
         QApplication::setActiveWindow(&frame);
     }
 }
 
-bool IsClick(QEvent::Type type) {
-    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick
-           || type == QEvent::MouseButtonRelease || type == QEvent::ContextMenu;
+/// Each press of a key is a ShortcutOverride first.
+bool IsKey(QEvent::Type type) {
+    return type == QEvent::ShortcutOverride || type == QEvent::KeyPress || type == QEvent::KeyRelease;
+}
+
+/// What is to be done before the open window gets a key or a click.
+void Prepare(const QWindow& native, QEvent::Type type) {
+    const Ref<Window> window = FindOpenWindow(native);
+    if (!window) {
+        return;
+    }
+    auto& frame = dynamic_cast<WindowFrame&>(*window->Native(kToolkit));
+    ActivateIfNoneIs(frame);
+    if (type == QEvent::ShortcutOverride) {
+        // A menu that has just closed has the keyboard given back; this key is for whoever gets it.
+        QCoreApplication::sendPostedEvents(&frame, QEvent::MetaCall);
+        // The window system only tries the shortcuts of items that are enabled.
+        EnterApplication([&] { window->UpdateMenuItems(kToolkit); });
+    }
+}
+
+bool FilterForWidget(const QWidget& widget, QEvent::Type type) {
+    const bool isClick = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick
+                         || type == QEvent::MouseButtonRelease || type == QEvent::ContextMenu;
+    // A click is the end of what the keyboard has begun in the menu bar.
+    if (type == QEvent::MouseButtonPress && qobject_cast<const QMenuBar*>(&widget) == nullptr) {
+        if (auto* frame = dynamic_cast<WindowFrame*>(widget.window())) {
+            frame->ReturnKeyboard();
+        }
+    }
+    // One that was on its way when the window or the menu closed would be served all the same.
+    return isClick && !widget.isVisible();
 }
 
 } // namespace
 
 bool InputWatch::eventFilter(QObject* watched, QEvent* event) {
-    const QEvent::Type type = event->type();
-    if (watched->isWindowType() && (type == QEvent::ShortcutOverride || type == QEvent::MouseButtonPress)) {
-        const auto [window, frame] = FindOpenWindow(watched);
-        if (frame != nullptr) {
-            ActivateIfNoneIs(*frame);
-        }
-        if (frame != nullptr && type == QEvent::ShortcutOverride) {
-            // A menu that has just closed has the keyboard given back; this key is for whoever gets it.
-            QCoreApplication::sendPostedEvents(frame, QEvent::MetaCall);
-            // The window system only tries the shortcuts of items that are enabled.
-            EnterApplication([&] { window->UpdateMenuItems(kToolkit); });
-        }
+    if (watched->isWidgetType()) {
+        return FilterForWidget(static_cast<const QWidget&>(*watched), event->type());
     }
-    const auto* const widget = IsClick(type) ? qobject_cast<QWidget*>(watched) : nullptr;
-    if (widget == nullptr) {
+    if (!watched->isWindowType()) {
         return false;
     }
-    // A click is the end of what the keyboard has begun in the menu bar.
-    if (type == QEvent::MouseButtonPress && qobject_cast<const QMenuBar*>(widget) == nullptr) {
-        if (auto* frame = dynamic_cast<WindowFrame*>(widget->window())) {
-            frame->ReturnKeyboard();
-        }
+    const auto& window = static_cast<const QWindow&>(*watched);
+    const QEvent::Type type = event->type();
+    if (IsKey(type) && !window.isVisible() && QApplication::activePopupWidget() == nullptr) {
+        PassOnKey(window, *event);
+        return true;
     }
-    // One that was on its way when the window or the menu closed would be served all the same.
-    return !widget->isVisible();
+    if (type == QEvent::ShortcutOverride || type == QEvent::MouseButtonPress) {
+        cameLate_ = false;
+        Prepare(window, type);
+    }
+    return false;
+}
+
+void InputWatch::PassOnKey(const QWindow& closed, QEvent& key) {
+    const bool isPress = key.type() == QEvent::ShortcutOverride;
+    const auto* frame = dynamic_cast<WindowFrame*>(FrontFrame());
+    if ((isPress || cameLate_) && closed.type() == Qt::Popup && frame != nullptr && MayHaveKeyboard(*frame)) {
+        QCoreApplication::sendEvent(frame->windowHandle(), &key);
+    } else {
+        key.accept(); // No shortcut is tried.
+    }
+    cameLate_ |= isPress;
 }
 
 } // namespace folimark
