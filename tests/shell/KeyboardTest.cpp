@@ -5,10 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QCompleter>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <QTest>
 
 namespace folimark::test {
 namespace {
@@ -59,6 +63,23 @@ TEST(Keyboard, ShortcutsAreHeardThoughNoWindowCountsAsActive) {
     const RunningApplication application;
     PressUnannounced(application.Albums(), Qt::Key_F1);
     EXPECT_EQ(RunningApplication::Launched().size(), 1U);
+}
+
+TEST(Keyboard, TypingInADialogGoesOnWhenItsListOfCompletionsCloses) {
+    const RunningApplication application;
+    Answers::Look = [](QWidget& dialog) {
+        auto& name = *dialog.findChild<QLineEdit*>();
+        name.setFocus();
+        name.clear();
+        QWidget& completions = *name.completer()->popup();
+        completions.show();
+        completions.hide();
+        QTest::keyClick(completions.windowHandle(), Qt::Key_X);
+        EXPECT_EQ(name.text(), QStringLiteral("x"));
+    };
+    const Answers answers{{kFolderDialog, ""}};
+    Press(Qt::Key_N, Qt::ControlModifier);
+    Answers::Look = nullptr;
 }
 
 TEST(Keyboard, EachCommandHasItsKey) {

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <QWindow>
 
@@ -70,8 +71,9 @@ bool FilterForWidget(const QWidget& widget, QEvent::Type type) {
             frame->ReturnKeyboard();
         }
     }
-    // One that was on its way when the window or the menu closed would be served all the same.
-    return isClick && !widget.isVisible();
+    // What was on its way when the window or the menu closed would be served all the same, or choose.
+    const bool chooses = type == QEvent::KeyPress && qobject_cast<const QMenu*>(&widget) != nullptr;
+    return (isClick || chooses) && !widget.isVisible();
 }
 
 } // namespace
@@ -85,8 +87,7 @@ bool InputWatch::eventFilter(QObject* watched, QEvent* event) {
     }
     const auto& window = static_cast<const QWindow&>(*watched);
     const QEvent::Type type = event->type();
-    if (IsKey(type) && !window.isVisible() && QApplication::activePopupWidget() == nullptr) {
-        PassOnKey(window, *event);
+    if (IsKey(type) && window.type() == Qt::Popup && !window.isVisible() && PassOnKey(*event)) {
         return true;
     }
     if (type == QEvent::ShortcutOverride || type == QEvent::MouseButtonPress) {
@@ -96,15 +97,15 @@ bool InputWatch::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
-void InputWatch::PassOnKey(const QWindow& closed, QEvent& key) {
+bool InputWatch::PassOnKey(QEvent& key) {
     const bool isPress = key.type() == QEvent::ShortcutOverride;
     const auto* frame = dynamic_cast<WindowFrame*>(FrontFrame());
-    if ((isPress || cameLate_) && closed.type() == Qt::Popup && frame != nullptr && MayHaveKeyboard(*frame)) {
-        QCoreApplication::sendEvent(frame->windowHandle(), &key);
-    } else {
-        key.accept(); // No shortcut is tried.
+    if (frame == nullptr || !MayHaveKeyboard(*frame) || (!isPress && !cameLate_)) {
+        return false;
     }
+    QCoreApplication::sendEvent(frame->windowHandle(), &key);
     cameLate_ |= isPress;
+    return true;
 }
 
 } // namespace folimark

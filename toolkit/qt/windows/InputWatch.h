@@ -2,8 +2,6 @@
 
 #include <QObject>
 
-class QWindow;
-
 namespace folimark {
 
 /// Looks at keys and clicks before the widgets get them: they find the window active and its menus up to
@@ -15,11 +13,12 @@ class InputWatch : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    /// A key that was on its way to a menu when that closed is for the window beneath; the menu would choose
-    /// by it. A key that has closed a menu itself is nobody else's, nor are those of other windows.
-    void PassOnKey(const QWindow& closed, QEvent& key);
+    /// A key that was on its way to a menu when that closed is for the window beneath. But a key that has
+    /// closed the menu itself is nobody else's, and what a dialog opens has its own ways. Returns whether it
+    /// was passed on.
+    bool PassOnKey(QEvent& key);
 
-    bool cameLate_ = false; // whether what the last key was for had closed before it was pressed
+    bool cameLate_ = false; // whether the last key was passed on
 };
 
 } // namespace folimark
